@@ -1,0 +1,27 @@
+# Installs the build tree into a scratch prefix, then configures, builds and
+# runs the consumer application against it.
+file(REMOVE_RECURSE ${WORK})
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE status)
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "failed (${status}): ${ARGN}")
+  endif()
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK}/prefix)
+set(ENV{PKG_CONFIG_PATH} "${WORK}/prefix/lib/pkgconfig:${WORK}/prefix/lib64/pkgconfig")
+foreach(dir lib lib64)
+  file(GLOB multiarch LIST_DIRECTORIES true ${WORK}/prefix/${dir}/*/pkgconfig)
+  foreach(found IN LISTS multiarch)
+    set(ENV{PKG_CONFIG_PATH} "${found}:$ENV{PKG_CONFIG_PATH}")
+  endforeach()
+endforeach()
+run(${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/build -DCMAKE_PREFIX_PATH=${WORK}/prefix
+    -DCMAKE_BUILD_RPATH=${WORK}/prefix/lib)
+run(${CMAKE_COMMAND} --build ${WORK}/build)
+file(GLOB_RECURSE installed_libs ${WORK}/prefix/libQtzqeffect.so.1)
+get_filename_component(libdir "${installed_libs}" DIRECTORY)
+set(ENV{LD_LIBRARY_PATH} "${libdir}")
+run(${WORK}/build/consumer_cmake)
+run(${WORK}/build/consumer_pkgconfig)
+message(STATUS "installed library used through find_package and pkg-config")

@@ -1,0 +1,29 @@
+// PNG reading and writing for the tools, converting to and from the
+// library's BGRA pixel buffers.
+#ifndef QTZQ_TOOLS_PNG_IO_H
+#define QTZQ_TOOLS_PNG_IO_H
+
+#include <string>
+#include <vector>
+
+namespace qtzq_tools {
+
+// A BGRA pixel buffer with its size: byte 0 blue, 1 green, 2 red, 3 alpha.
+struct BgraImage {
+    int width = 0;
+    int height = 0;
+    std::vector<unsigned char> pixels;  // width * height * 4 bytes
+
+    BgraImage() = default;
+    BgraImage(int w, int h) : width(w), height(h), pixels(std::size_t(w) * h * 4, 0) {}
+    unsigned char* data() { return pixels.data(); }
+    unsigned char* at(int x, int y) { return pixels.data() + (std::size_t(y) * width + x) * 4; }
+};
+
+// Writes the image as an 8-bit RGBA PNG. On failure returns false and sets
+// `error` to a message naming the file and the problem.
+bool write_png(const std::string& path, const BgraImage& image, std::string& error);
+
+}  // namespace qtzq_tools
+
+#endif  // QTZQ_TOOLS_PNG_IO_H
