@@ -5,7 +5,11 @@
 #ifndef QTZQEFFECT_QTZQEFFECT_H
 #define QTZQEFFECT_QTZQEFFECT_H
 
+#include "qtzqeffect/blur.h"
+#include "qtzqeffect/curve.h"
 #include "qtzqeffect/facade.h"
+#include "qtzqeffect/frame.h"
+#include "qtzqeffect/pixel.h"
 #include "qtzqeffect/styles.h"
 
 #endif  // QTZQEFFECT_QTZQEFFECT_H
