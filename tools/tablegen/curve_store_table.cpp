@@ -9,12 +9,13 @@
 
 namespace tablegen {
 
-std::array<unsigned char, 256> store_curve(int k) {
-    const unsigned char* values = defining_samples(k);
+std::array<unsigned char, 256> curve_through_samples(const unsigned char* values) {
     std::vector<Sample> samples;
     for (int s = 0; s < kSampleCount; ++s) samples.push_back({sample_index(s), double(values[s])});
     return interpolate_curve(samples);
 }
+
+std::array<unsigned char, 256> store_curve(int k) { return curve_through_samples(defining_samples(k)); }
 
 void write_curve_store(std::ostream& out) {
     write_generated_banner(

@@ -7,6 +7,10 @@
 
 namespace tablegen {
 
+// A curve through 17 values at indices 0, 16, ..., 240, 255, filled in
+// between by the monotone piecewise cubic.
+std::array<unsigned char, 256> curve_through_samples(const unsigned char* values);
+
 // Curve k of the store, computed from tools/tablegen/curve_samples.h.
 std::array<unsigned char, 256> store_curve(int k);
 

@@ -1,6 +1,7 @@
 // qtzq-tablegen: writes the library's generated constant tables.
 //
 //   qtzq-tablegen curve-store FILE    the 54-curve store (src/styles/curve_store_data.cpp)
+//   qtzq-tablegen zoom-curve FILE     the zoom blur's contrast curve (src/blur/zoom_curve_data.cpp)
 //
 // The output depends on nothing but this program's sources, so running it
 // again reproduces the committed files byte for byte; a test checks that.
@@ -10,6 +11,7 @@
 #include <ostream>
 
 #include "curve_store_table.h"
+#include "zoom_curve_table.h"
 
 namespace {
 
@@ -20,6 +22,7 @@ struct Table {
 
 constexpr Table kTables[] = {
     {"curve-store", tablegen::write_curve_store},
+    {"zoom-curve", tablegen::write_zoom_curve},
 };
 
 int usage(std::ostream& out, int status) {

@@ -1,0 +1,156 @@
+// CSharp's unsharp masking: pushing each colour away from its blurred value.
+#include <algorithm>
+#include <climits>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+#include "blur/csharp_size.h"
+#include "blur/preview_cache.h"
+#include "pixel/image_walk.h"
+#include "qtzqeffect/blur.h"
+
+using qtzq::for_each_pixel;
+
+namespace {
+
+constexpr int kFixedOne = 10000;  // amounts are applied in steps of 1/10000
+constexpr int kLastArgument = 7;  // passed on by useEffect, never read
+constexpr unsigned char kOpaque = 255;
+
+// float to int truncating toward zero, saturating at the ends of the int
+// range and 0 for not-a-number, as the 32-bit ARM conversion does.
+int saturating_truncate(float v) {
+    if (v != v) return 0;
+    if (v >= 2147483648.0f) return INT_MAX;
+    if (v <= -2147483648.0f) return INT_MIN;
+    return static_cast<int>(v);
+}
+
+// a = (int)(amount * 10000 + 0.5) in single precision; w = a + 10000.
+struct FixedAmount {
+    std::uint32_t a;
+    std::uint32_t w;
+
+    explicit FixedAmount(float amount) {
+        const float scaled = amount * 10000.0f + 0.5f;
+        a = static_cast<std::uint32_t>(saturating_truncate(scaled));
+        w = a + std::uint32_t(kFixedOne);
+    }
+
+    // (orig * w - blur * a) / 10000 in 32-bit integers, clamped to a byte.
+    // The products wrap as 32-bit integers do (only for amounts far beyond
+    // any use), written in unsigned arithmetic so that the wrap is defined.
+    unsigned char sharpen(unsigned char orig, unsigned char blur) const {
+        const std::uint32_t wrapped = std::uint32_t(orig) * w - std::uint32_t(blur) * a;
+        const int v = static_cast<std::int32_t>(wrapped) / kFixedOne;
+        return static_cast<unsigned char>(std::clamp(v, 0, 255));
+    }
+
+    // Red, then green, then blue of one pixel.
+    void apply(unsigned char* out, const unsigned char* orig, const unsigned char* blur) const {
+        for (int c = 2; c >= 0; --c) out[c] = sharpen(orig[c], blur[c]);
+    }
+};
+
+// dst's colours become the sharpened colours of src against the blur in dst.
+void sharpen_against_blur(const unsigned char* src, unsigned char* dst, int width, int height,
+                          float amount) {
+    const FixedAmount fixed(amount);
+    std::size_t offset = 0;
+    for_each_pixel(dst, width, height, [&](unsigned char* blurred) {
+        fixed.apply(blurred, src + offset, blurred);
+        offset += qtzq::kBytesPerPixel;
+    });
+}
+
+// Copies the colours of `from` into `to` and makes every pixel opaque.
+void copy_colours_opaque(const unsigned char* from, unsigned char* to, int width, int height) {
+    std::size_t offset = 0;
+    for_each_pixel(to, width, height, [&](unsigned char* px) {
+        std::memcpy(px, from + offset, 3);
+        px[3] = kOpaque;
+        offset += qtzq::kBytesPerPixel;
+    });
+}
+
+// The fields a whole-image call records before it works.
+struct CallFields {
+    int& width;
+    int& height;
+    int& stride;
+    float& amount;
+    float& radius;
+};
+
+void store_call(CallFields fields, long width, long height, int radius, float amount) {
+    fields.width = qtzq::stored_dimension(width);
+    fields.height = qtzq::stored_dimension(height);
+    fields.stride = qtzq::row_stride(fields.width);
+    fields.amount = amount;
+    fields.radius = static_cast<float>(radius);
+}
+
+std::size_t image_bytes(int width, int height) {
+    return qtzq::pixel_count(width, height) * qtzq::kBytesPerPixel;
+}
+
+}  // namespace
+
+int CSharp::GetUnsharpMask(unsigned char* src, unsigned char* dst, int a, float amount, int b) {
+    GetBlur(src, dst, a, b, false);
+    sharpen_against_blur(src, dst, m_width, m_height, amount);
+    return 1;
+}
+
+int CSharp::GetUnsharpMaskPreview(unsigned char* src, unsigned char* dst, int a, float amount,
+                                  int b, int size) {
+    // Copies never run past the image nor past the cache.
+    const std::size_t bytes = image_bytes(m_width, m_height);
+    if (!m_previewCache) {
+        m_previewCache = qtzq::preview_cache_create(size > 0 ? std::size_t(size) : 0);
+        GetBlur(src, dst, a, b, false);
+        std::memcpy(m_previewCache, dst, std::min(bytes, qtzq::preview_cache_size(m_previewCache)));
+    } else {
+        std::memcpy(dst, m_previewCache, std::min(bytes, qtzq::preview_cache_size(m_previewCache)));
+    }
+    sharpen_against_blur(src, dst, m_width, m_height, amount);
+    return 1;
+}
+
+int CSharp::useEffect(unsigned char* buffer, long width, long height, int radius, float amount) {
+    if (!SetRadius(radius)) return 0;
+    store_call({m_width, m_height, m_stride, m_amount, m_radius}, width, height, radius, amount);
+
+    std::vector<unsigned char> result(image_bytes(m_width, m_height));
+    GetUnsharpMask(buffer, result.data(), static_cast<int>(m_radius), amount, kLastArgument);
+    copy_colours_opaque(result.data(), buffer, m_width, m_height);
+    return 1;
+}
+
+int CSharp::useEffectPreview(unsigned char* buffer, long width, long height, int radius,
+                             float amount) {
+    if (!SetRadius(radius)) return 0;
+    store_call({m_width, m_height, m_stride, m_amount, m_radius}, width, height, radius, amount);
+
+    const std::size_t bytes = image_bytes(m_width, m_height);
+    const int size = bytes > std::size_t(INT_MAX) ? INT_MAX : static_cast<int>(bytes);
+    std::vector<unsigned char> result(bytes);
+    GetUnsharpMaskPreview(buffer, result.data(), static_cast<int>(m_radius), amount,
+                          kLastArgument, size);
+    copy_colours_opaque(result.data(), buffer, m_width, m_height);
+    return 1;
+}
+
+int CSharp::SharpProcess(unsigned char* image, unsigned char* blurred, int width, int height,
+                         float amount) {
+    m_width = width;
+    m_height = height;
+    m_stride = qtzq::row_stride(width);
+    m_amount = amount;
+    const FixedAmount fixed(amount);
+    for_each_pixel(image, blurred, width, height,
+                   [&](unsigned char* px, unsigned char* blur) { fixed.apply(px, px, blur); });
+    return 1;
+}

@@ -1,0 +1,42 @@
+// Helpers shared by the blur tests.
+#ifndef QTZQ_TESTS_BLUR_SUPPORT_H
+#define QTZQ_TESTS_BLUR_SUPPORT_H
+
+#include <cstddef>
+#include <cstdint>
+
+#include "support/images.h"
+
+namespace qtzq_test {
+
+// The image mirrored about its main diagonal (width and height swap).
+inline Bytes transposed(const Bytes& image, int width, int height) {
+    Bytes out(image.size());
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            for (int c = 0; c < 4; ++c)
+                out[(std::size_t(x) * height + y) * 4 + c] = image[(std::size_t(y) * width + x) * 4 + c];
+    return out;
+}
+
+// 64-bit FNV-1a digest of a buffer: pins a whole output in one number.
+inline std::uint64_t digest(const Bytes& bytes) {
+    std::uint64_t h = 1469598103934665603ull;
+    for (unsigned char b : bytes) {
+        h ^= b;
+        h *= 1099511628211ull;
+    }
+    return h;
+}
+
+// True when every alpha byte of `after` equals that of `before`.
+inline bool alpha_unchanged(const Bytes& before, const Bytes& after) {
+    if (before.size() != after.size()) return false;
+    for (std::size_t i = 3; i < before.size(); i += 4)
+        if (before[i] != after[i]) return false;
+    return true;
+}
+
+}  // namespace qtzq_test
+
+#endif  // QTZQ_TESTS_BLUR_SUPPORT_H
