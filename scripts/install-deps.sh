@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build and the tests need, if any is
-# missing. Safe to run again; does nothing when everything is there.
+# missing, and any further packages named as arguments (the cross and
+# golden-matrix scripts add theirs). Safe to run again; does nothing when
+# everything is there.
 set -euo pipefail
 
-packages=(cmake g++ make libgtest-dev libpng-dev binutils pkg-config)
+packages=(cmake g++ make libgtest-dev libpng-dev libjpeg-dev binutils pkg-config "$@")
 
 missing=()
 for p in "${packages[@]}"; do

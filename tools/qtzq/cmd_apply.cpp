@@ -1,0 +1,189 @@
+// qtzq apply: one effect on many photos, in parallel.
+#include <atomic>
+#include <filesystem>
+#include <iostream>
+#include <set>
+
+#include "args.h"
+#include "catalogue.h"
+#include "commands.h"
+#include "console.h"
+#include "effect_inputs.h"
+#include "effect_runner.h"
+#include "image_file.h"
+#include "parallel.h"
+
+namespace qtzq_cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+const char* const kHelp =
+    "usage: qtzq apply EFFECT INPUT... (-o OUTPUT | --out-dir DIR) [options]\n\n"
+    "Applies one effect of the catalogue ('qtzq list') to every INPUT photo\n"
+    "(PNG or JPEG; RGB, RGBA, grey or palette; alpha is kept) through\n"
+    "Qtzqeffect::effect and writes the result as PNG or JPEG, chosen by the\n"
+    "output's extension. EFFECT is an id or a preset name, e.g. 1020, StyleFilm\n"
+    "or film.\n\n"
+    "Options:\n"
+    "  -o, --output FILE     the result of a single INPUT (.png, .jpg, .jpeg)\n"
+    "      --out-dir DIR     one result per INPUT, named after it (DIR is created)\n"
+    "      --format png|jpg  with --out-dir: type of the results (default: as INPUT)\n"
+    "  -m, --material FILE   a material image; repeat for the 2nd and 3rd slot.\n"
+    "                        A material of another size than the photo is scaled\n"
+    "                        to it (bilinear) with a note on stderr\n"
+    "      --exact-size      refuse materials whose size differs from the photo's\n"
+    "      --tables FILE     a blend table set (196618 bytes, see 'qtzq tables')\n"
+    "      --quality N       JPEG quality 1..100 (default 92)\n"
+    "  -j, --jobs N          photos processed at once (default: hardware threads)\n"
+    "  -q, --quiet           no notes and no progress bar\n\n"
+    "Materials and tables that are not given are generated to suit the effect\n"
+    "(listed by 'qtzq list'); a given effect and photo size always get the same.\n\n"
+    "INPUTs are processed in parallel. Effects that touch process-wide library\n"
+    "state (they reseed rand() from the clock, or their recipe may use the\n"
+    "shared blur) run one at a time: ";
+
+const char* const kHelpEnd =
+    ".\nA progress bar is shown when stderr is a terminal.\n\n"
+    "Each result is written to a temporary file and renamed into place, so a\n"
+    "failing INPUT never leaves a broken or overwritten result. Exit status 1\n"
+    "when any INPUT failed, 2 for a usage mistake.\n";
+
+struct Job {
+    std::string input;
+    std::string output;
+};
+
+std::string serialised_ids() {
+    std::string ids;
+    for (const auto& info : catalogue())
+        if (info.serialised) ids += (ids.empty() ? "" : ", ") + std::to_string(info.id);
+    return ids;
+}
+
+const EffectInfo& resolve_effect(const std::string& name) {
+    const EffectInfo* info = find_effect(name);
+    if (!info) throw UsageError("unknown effect '" + name + "' (see 'qtzq list')");
+    return *info;
+}
+
+std::string output_in_dir(const std::string& input, const std::string& dir,
+                          const std::string& format) {
+    const fs::path in(input);
+    std::string extension = in.extension().string();
+    ImageFormat unused;
+    if (!format.empty())
+        extension = "." + format;
+    else if (!format_for_path(input, unused))
+        extension = ".png";
+    return (fs::path(dir) / in.stem()).string() + extension;
+}
+
+std::vector<Job> plan_jobs(const std::vector<std::string>& inputs, const ParsedArgs& args) {
+    const bool single = args.has("output"), many = args.has("out-dir");
+    if (single == many) throw UsageError("give either -o OUTPUT or --out-dir DIR");
+    if (single && inputs.size() != 1)
+        throw UsageError("-o takes one INPUT; use --out-dir DIR for " +
+                         std::to_string(inputs.size()));
+    std::string format = args.value("format");
+    if (!format.empty() && format != "png" && format != "jpg" && format != "jpeg")
+        throw UsageError("--format must be png or jpg, not '" + format + "'");
+    if (!format.empty() && single) throw UsageError("--format goes with --out-dir");
+    std::vector<Job> jobs;
+    std::set<std::string> outputs;
+    for (const auto& input : inputs) {
+        const std::string output =
+            single ? args.value("output") : output_in_dir(input, args.value("out-dir"), format);
+        ImageFormat unused;
+        if (!format_for_path(output, unused))
+            throw UsageError(output + ": unknown image type (use .png, .jpg or .jpeg)");
+        if (!outputs.insert(fs::path(output).lexically_normal().string()).second)
+            throw UsageError("two INPUTs would both be written to " + output);
+        jobs.push_back({input, output});
+    }
+    return jobs;
+}
+
+// Reads, applies and writes one photo; reports problems on the console.
+bool process(const Job& job, const EffectInputs& inputs, unsigned char* tables, int quality,
+             Console& console) {
+    BgraImage photo;
+    std::string error;
+    if (!read_image(job.input, photo, error)) {
+        console.error(error);
+        return false;
+    }
+    std::vector<std::string> notes;
+    std::vector<BgraImage> materials;
+    try {
+        materials = inputs.materials_for(photo.width, photo.height, job.input, notes);
+    } catch (const RunError& e) {
+        console.error(e.what());
+        return false;
+    }
+    for (const auto& note : notes) console.note(note);
+    run_effect(inputs.info(), photo, materials, tables);
+    ImageFormat format = ImageFormat::Png;
+    format_for_path(job.output, format);
+    if (format == ImageFormat::Jpeg && has_transparency(photo))
+        console.note(job.output + ": JPEG keeps no alpha; the transparency is dropped");
+    if (!write_image(job.output, photo, quality, error)) {
+        console.error(error);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+int run_apply(const Words& words) {
+    const ParsedArgs args = parse_args(words, {{"output", 'o', true, false},
+                                               {"out-dir", 0, true, false},
+                                               {"format", 0, true, false},
+                                               {"material", 'm', true, true},
+                                               {"exact-size", 0, false, false},
+                                               {"tables", 0, true, false},
+                                               {"quality", 0, true, false},
+                                               {"jobs", 'j', true, false},
+                                               {"quiet", 'q', false, false}});
+    if (args.has("help")) {
+        std::cout << kHelp << serialised_ids() << kHelpEnd;
+        return kExitOk;
+    }
+    if (args.positionals.size() < 2) throw UsageError("needs an EFFECT and at least one INPUT");
+    const EffectInfo& info = resolve_effect(args.positionals[0]);
+    const std::vector<std::string> input_paths(args.positionals.begin() + 1, args.positionals.end());
+    const std::vector<Job> jobs = plan_jobs(input_paths, args);
+    const int quality = args.int_value("quality", 92, 1, 100);
+    const unsigned threads = unsigned(args.int_value("jobs", int(default_jobs()), 1, 1024));
+
+    EffectInputs inputs(info, args.values("material"), args.value("tables"), args.has("exact-size"));
+    Console console("qtzq apply", args.has("quiet"));
+    for (const auto& line : inputs.default_descriptions())
+        console.note(std::to_string(info.id) + " " + info.preset + ": " + line);
+    if (args.has("out-dir")) {
+        std::error_code error;
+        fs::create_directories(args.value("out-dir"), error);
+        if (error) throw RunError(args.value("out-dir") + ": cannot create folder (" + error.message() + ")");
+    }
+
+    std::atomic<std::size_t> failed{0};
+    console.start(jobs.size());
+    run_parallel(jobs.size(), threads, [&](std::size_t i) {
+        bool ok = false;
+        try {
+            ok = process(jobs[i], inputs, inputs.tables(), quality, console);
+        } catch (const std::exception& e) {
+            console.error(jobs[i].input + ": " + e.what());
+        }
+        if (!ok) ++failed;
+        console.step(jobs[i].input);
+    });
+    console.finish();
+    if (failed > 0 && jobs.size() > 1)
+        console.error(std::to_string(failed.load()) + " of " + std::to_string(jobs.size()) +
+                      " inputs failed");
+    return failed > 0 ? kExitFailure : kExitOk;
+}
+
+}  // namespace qtzq_cli
