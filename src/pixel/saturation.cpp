@@ -1,0 +1,41 @@
+// Exported saturation adjustments: matrix, HSL shift and YUV chroma scale.
+#include "qtzqeffect/pixel.h"
+
+#include "pixel/image_walk.h"
+#include "pixel/saturation_kernels.h"
+
+using namespace qtzq;
+
+namespace {
+
+constexpr long kHslSaturationShift = 1;
+constexpr long kYuvChromaScale = 2;
+
+}  // namespace
+
+void SaturateconstMatrix(unsigned char* pixel, int* matrix) {
+    apply_saturation_matrix(pixel, matrix);
+}
+
+void Saturateconst(unsigned char* pixels, int width, int height, long amount) {
+    const SaturationMatrix matrix = saturation_matrix(amount);
+    for_each_pixel(pixels, width, height,
+                   [&](unsigned char* pixel) { apply_saturation_matrix(pixel, matrix.m); });
+}
+
+void Saturateconst(unsigned char* pixels, int width, int height, long amount, long mode) {
+    unsigned char table[256];
+    if (mode == kHslSaturationShift) {
+        hsl_shift_table(amount, table);
+        for_each_pixel(pixels, width, height,
+                       [&](unsigned char* pixel) { shift_hsl_saturation(pixel, table); });
+    } else if (mode == kYuvChromaScale) {
+        chroma_scale_table(amount, table);
+        for_each_pixel(pixels, width, height,
+                       [&](unsigned char* pixel) { scale_yuv_chroma(pixel, table); });
+    }
+}
+
+void Saturation(unsigned char* pixels, int width, int height, int saturation) {
+    Saturateconst(pixels, width, height, saturation, kHslSaturationShift);
+}
