@@ -287,4 +287,125 @@ QTZQ_API void RGBtoIntHLS(int r, int g, int b, int* h, int* l, int* s);
 QTZQ_API int intHueToRGB(int m1, int m2, int hue);
 QTZQ_API void intHLStoRGB(int h, int l, int s, int* r, int* g, int* b);
 
+// ---------------------------------------------------------------------------
+// Colour balance
+// ---------------------------------------------------------------------------
+
+// The tonal region a colour-balance shift acts on.
+enum _TONE_REGION : int {
+    TONE_REGION_SHADOWS = 0,
+    TONE_REGION_MIDTONES = 1,
+    TONE_REGION_HIGHLIGHTS = 2,
+};
+
+// Shifts the colours of one tonal region of rows x per_row pixels along the
+// axes cyan-red, magenta-green and yellow-blue (positive amounts towards
+// red, green, blue; about -100..100 is the useful range). Red, green and
+// blue each go through one tone curve built from the region's weights: at
+// the region's peak a shift of a moves a level by about 0.67 a (midtones,
+// and positive shadow shifts) or 1.07 a (highlights, negative shadow
+// shifts). With preserve_luminosity each pixel then gets its incoming
+// lightness back through the integer HLS conversions (RGBtoIntHLS,
+// intHLStoRGB). All amounts 0 leave the image unchanged unless lightness is
+// preserved. A region outside 0..2 shifts nothing. Nothing happens for a
+// null buffer or a count below 1.
+QTZQ_API void CColorBalance(bool preserve_luminosity, _TONE_REGION region, int red_shift,
+                            int green_shift, int blue_shift, unsigned char* pixels, int rows,
+                            int per_row);
+
+// Fixed settings named region_red_green_blue ("s" is a minus sign): the
+// curves are those of CColorBalance with shadows 13, 0, 21; midtones 2, 0,
+// 8; highlights 0, 0, -13. The region and shift arguments are ignored. With
+// preserve_luminosity each pixel gets its incoming lightness back through
+// the double-precision HLS conversions (RGBtoHLS, HLStoRGB), which may
+// differ from CColorBalance's integer path by a level.
+QTZQ_API void CColorBalance_0_13_0_21(bool preserve_luminosity, _TONE_REGION region,
+                                      int red_shift, int green_shift, int blue_shift,
+                                      unsigned char* pixels, int rows, int per_row);
+QTZQ_API void CColorBalance_1_2_0_8(bool preserve_luminosity, _TONE_REGION region, int red_shift,
+                                    int green_shift, int blue_shift, unsigned char* pixels,
+                                    int rows, int per_row);
+QTZQ_API void CColorBalance_2_0_0_s13(bool preserve_luminosity, _TONE_REGION region,
+                                      int red_shift, int green_shift, int blue_shift,
+                                      unsigned char* pixels, int rows, int per_row);
+
+// ---------------------------------------------------------------------------
+// Histogram and automatic levels
+// ---------------------------------------------------------------------------
+
+// Selects a table of CHistogram. The values are compared one by one, not as
+// bits: any value other than 1, 2 and 4 (a combination such as 3 included)
+// selects the luminance table.
+enum _IMAGE_CHANNEL : int {
+    IMAGE_CHANNEL_LUMINANCE = 0,
+    IMAGE_CHANNEL_RED = 1,
+    IMAGE_CHANNEL_GREEN = 2,
+    IMAGE_CHANNEL_BLUE = 4,
+};
+
+// Counts of the values 0..255 of red (byte 2), green (byte 1), blue (byte 0)
+// and luminance (30 R + 59 G + 11 B) / 100 over one pixel buffer, taken once
+// at construction; the object keeps no pointer to the pixels. The summary
+// getters (GetCount, GetMaxCount, GetAverage) cover the values start..end,
+// 0..255 after construction, and return 0 when start > end.
+class QTZQ_API CHistogram {
+public:
+    // Stores the size, sets the range to 0..255 and runs AnalyzeImage. A
+    // width or height below 1 gives empty tables.
+    CHistogram(unsigned char* pixels, int width, int height);
+    ~CHistogram();
+
+    // Recounts all four tables from a buffer of the stored size (a null
+    // buffer leaves them empty).
+    void AnalyzeImage(unsigned char* pixels);
+
+    // The count for `value` in the channel's table; 0 for a value outside
+    // 0..255.
+    int GetChannelHistogram(_IMAGE_CHANNEL channel, int value);
+    // The count for `value` clamped to 0..255 (note the argument order).
+    int GetValueCount(int value, _IMAGE_CHANNEL channel);
+    // Sum of the counts for start..end.
+    int GetCount(_IMAGE_CHANNEL channel);
+    // Largest count among start..end.
+    int GetMaxCount(_IMAGE_CHANNEL channel);
+    // Mean value over start..end, truncated; 0 when no pixel falls there.
+    int GetAverage(_IMAGE_CHANNEL channel);
+    // width * height of the analysed buffer (negative sizes included).
+    int GetPixelNumber();
+
+    int GetStart();
+    int GetEnd();
+    // Store the bound clamped to 0..255; nothing keeps start <= end.
+    void SetStart(int start);
+    void SetEnd(int end);
+
+private:
+    int m_width;
+    int m_height;
+    unsigned int m_luminance[256];
+    unsigned int m_red[256];
+    unsigned int m_green[256];
+    unsigned int m_blue[256];
+    int m_start;
+    int m_end;
+    int m_pixelNumber;
+};
+
+// Automatic levels. With `analyse` set, each colour channel is stretched so
+// that its darkest and brightest 0.6 % tails land on 0 and 255: from the
+// channel's histogram a low bound L and a high bound H are found one step
+// inward of the values whose tail fractions are nearest 0.006, and every
+// value v becomes (v - L) * 255 / (H - L), rounded half away from zero and
+// clamped to 0..255 (for L = H: 0 up to L, 255 above; L > H turns the
+// channel around). A channel holding a single value therefore becomes all 0.
+// With `analyse` false the bounds stay 0 and 255 and the colours come back
+// unchanged. Alpha is never touched. Nothing happens for a null buffer.
+QTZQ_API void AutoColorLevel(unsigned char* pixels, int width, int height, bool analyse);
+
+// CColorBalance(true, region, a, b, c, pixels, width, height) followed by
+// AutoColorLevel(pixels, width, height, true). A region other than 1
+// (midtones) or 2 (highlights) means shadows.
+QTZQ_API void DanyaUseStone(unsigned char* pixels, int width, int height, int region, int a,
+                            int b, int c);
+
 #endif  // QTZQEFFECT_PIXEL_H

@@ -2,6 +2,9 @@
 //
 //   qtzq-tablegen curve-store FILE    the 54-curve store (src/styles/curve_store_data.cpp)
 //   qtzq-tablegen zoom-curve FILE     the zoom blur's contrast curve (src/blur/zoom_curve_data.cpp)
+//   qtzq-tablegen colour-balance-variants FILE
+//                                     the fixed colour-balance curves
+//                                     (src/pixel/colour_balance_variants_data.cpp)
 //
 // The output depends on nothing but this program's sources, so running it
 // again reproduces the committed files byte for byte; a test checks that.
@@ -10,6 +13,7 @@
 #include <iostream>
 #include <ostream>
 
+#include "colour_balance_variants_table.h"
 #include "curve_store_table.h"
 #include "zoom_curve_table.h"
 
@@ -23,6 +27,7 @@ struct Table {
 constexpr Table kTables[] = {
     {"curve-store", tablegen::write_curve_store},
     {"zoom-curve", tablegen::write_zoom_curve},
+    {"colour-balance-variants", tablegen::write_colour_balance_variants},
 };
 
 int usage(std::ostream& out, int status) {
