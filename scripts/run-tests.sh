@@ -1,16 +1,44 @@
 #!/usr/bin/env bash
-# Builds the library and runs the whole test suite, first in a normal
-# optimised build, then under AddressSanitizer + UndefinedBehaviorSanitizer.
-# Installs missing build dependencies first.
+# Builds the library and runs every check that CI runs, stage by stage.
+# Installs missing packages first (each stage's script installs its own).
+#
+#   scripts/run-tests.sh [STAGE...]
+#
+# STAGE is one of (default: all, in this order):
+#   default   optimised build, whole suite (golden digests included)
+#   sanitize  whole suite under AddressSanitizer + UndefinedBehaviorSanitizer
+#   tsan      the blur suite (concurrent blurs) under ThreadSanitizer
+#   armhf     cross build for 32-bit ARM, whole suite under qemu-arm
+#   matrix    golden digests with clang, and gcc at -O3 -march=native
+#   fuzz      the file readers and frame compositing, 30 s per fuzz target
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+all_stages=(default sanitize tsan armhf matrix fuzz)
+stages=("${@:-${all_stages[@]}}")
+jobs=$(nproc 2>/dev/null || echo 2)
+
 scripts/install-deps.sh
 
-jobs=$(nproc 2>/dev/null || echo 2)
-for preset in default sanitize; do
-  echo "=== $preset build ==="
+# Configures, builds and tests one CMake preset (optionally one test target).
+run_preset() {
+  local preset=$1 target=${2:-} filter=${3:-}
   cmake --preset "$preset" >/dev/null
-  cmake --build --preset "$preset" -j "$jobs"
-  ctest --preset "$preset" -j "$jobs"
+  cmake --build --preset "$preset" -j "$jobs" ${target:+--target "$target"}
+  ctest --preset "$preset" -j "$jobs" ${filter:+-R "$filter"}
+}
+
+for stage in "${stages[@]}"; do
+  echo "=== $stage ==="
+  start=$SECONDS
+  case $stage in
+    default) run_preset default ;;
+    sanitize) run_preset sanitize ;;
+    tsan) run_preset tsan qtzq_blur_tests '^blur\.' ;;
+    armhf) scripts/cross-test-armhf.sh ;;
+    matrix) scripts/golden-matrix.sh gcc-O3-native clang-O0 clang-normal clang-O3-native ;;
+    fuzz) scripts/fuzz.sh 30 ;;
+    *) echo "unknown stage '$stage' (one of: ${all_stages[*]})" >&2; exit 2 ;;
+  esac
+  echo "=== $stage: passed in $((SECONDS - start)) s ==="
 done

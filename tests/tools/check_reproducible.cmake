@@ -1,6 +1,7 @@
 # Regenerates one table with the generator and fails if the result differs
-# from the committed source file.
-execute_process(COMMAND ${GENERATOR} ${TABLE} ${SCRATCH} RESULT_VARIABLE status)
+# from the committed source file. EMULATOR, if set, runs a cross-built
+# generator.
+execute_process(COMMAND ${EMULATOR} ${GENERATOR} ${TABLE} ${SCRATCH} RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "qtzq-tablegen ${TABLE} failed (${status})")
 endif()
