@@ -98,4 +98,12 @@ public:
                                    int height);
 };
 
+// The colourful frame without the facade: lays `material` (a pixel buffer
+// of the photo's size, only read; its alpha is ignored) over the photo in
+// place, kind 1 or 2 by screen, kind 3 or 4 by soft light, both at full
+// opacity; any other kind leaves the photo as it is. The photo's alpha is
+// left alone. Unlike Qtzqeffect::ColorfulFrame it checks no pointer.
+QTZQ_API void FrameXCBK(unsigned char* image, unsigned char* material, int width, int height,
+                        int kind);
+
 #endif  // QTZQEFFECT_FACADE_H

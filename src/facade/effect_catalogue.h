@@ -33,23 +33,52 @@ struct CatalogueEntry {
 
 // Table A: effect(id, image, width, height).
 inline constexpr std::array kSingleImageEffects{
+    CatalogueEntry<SingleImagePreset>{1019, StyleElegant},
     CatalogueEntry<SingleImagePreset>{1020, StyleFilm},
+    CatalogueEntry<SingleImagePreset>{1021, StyleRetro},
+    CatalogueEntry<SingleImagePreset>{1022, StyleCinnamon},
     CatalogueEntry<SingleImagePreset>{1023, StyleJapanese},
+    CatalogueEntry<SingleImagePreset>{1027, StyleImpression},
+    CatalogueEntry<SingleImagePreset>{1028, StyleBaoColor},
+    CatalogueEntry<SingleImagePreset>{1033, StyleLomoHDRJinDian},
+    CatalogueEntry<SingleImagePreset>{1034, StyleHeiBai},
+    CatalogueEntry<SingleImagePreset>{1035, StyleLomoHDR},
+    CatalogueEntry<SingleImagePreset>{1039, StyleLiuJin},
     CatalogueEntry<SingleImagePreset>{1040, StyleXiaoQingXin},
     CatalogueEntry<SingleImagePreset>{1101, StyleGray},
 };
 
 // Table B: effect(id, image, material, width, height).
-inline constexpr std::array<CatalogueEntry<OneMaterialPreset>, 0> kOneMaterialEffects{};
+inline constexpr std::array kOneMaterialEffects{
+    CatalogueEntry<OneMaterialPreset>{1026, StyleOldPhoto},
+    CatalogueEntry<OneMaterialPreset>{1030, StyleBrightRed},
+    CatalogueEntry<OneMaterialPreset>{1042, StyleLomoChristmas},
+    CatalogueEntry<OneMaterialPreset>{1043, StyleLomoSnow},
+    CatalogueEntry<OneMaterialPreset>{1044, StyleLomoNight},
+    CatalogueEntry<OneMaterialPreset>{1045, StyleLomoHalo},
+    CatalogueEntry<OneMaterialPreset>{1046, StyleLomoStar},
+    CatalogueEntry<OneMaterialPreset>{1047, StyleReverse},
+    CatalogueEntry<OneMaterialPreset>{1102, StyleRiguanghaian},
+    CatalogueEntry<OneMaterialPreset>{1104, StyleYiZhou},
+};
 
 // Table C: effect(id, image, material1, material2, width, height).
-inline constexpr std::array<CatalogueEntry<TwoMaterialPreset>, 0> kTwoMaterialEffects{};
+inline constexpr std::array kTwoMaterialEffects{
+    CatalogueEntry<TwoMaterialPreset>{1018, StyleJinDian},
+    CatalogueEntry<TwoMaterialPreset>{1041, StyleWarm},
+};
 
 // Table D: effect(id, image, material1, material2, material3, width, height).
-inline constexpr std::array<CatalogueEntry<ThreeMaterialPreset>, 0> kThreeMaterialEffects{};
+inline constexpr std::array kThreeMaterialEffects{
+    CatalogueEntry<ThreeMaterialPreset>{1048, StyleFenHongJiaRen},
+};
 
 // Table E: effect(id, image, material1, material2, width, height, tables, reserved).
-inline constexpr std::array<CatalogueEntry<BlendTablePreset>, 0> kBlendTableEffects{};
+inline constexpr std::array kBlendTableEffects{
+    CatalogueEntry<BlendTablePreset>{1031, StyleNiuPiZhi},
+    CatalogueEntry<BlendTablePreset>{1032, StyleXuanCai},
+    CatalogueEntry<BlendTablePreset>{1038, StyleFanHuang},
+};
 
 // The preset registered for id, or null when the table has none.
 template <typename Preset, std::size_t N>

@@ -1,0 +1,90 @@
+// Presets that combine the photo with one material image of its size, pixel
+// by pixel, with one blend mode before or after a tone-curve pass.
+//
+// Every pixel goes through all of its preset's steps before the next one;
+// the material advances in step with the photo and is only read.
+#include "qtzqeffect/styles.h"
+
+#include "pixel/blend_kernels.h"
+#include "pixel/image_walk.h"
+#include "styles/material_blend.h"
+#include "styles/rgb_curves.h"
+
+using qtzq::RgbCurves;
+using qtzq::for_each_pixel;
+
+namespace {
+
+constexpr double kFullOpacity = 1.0;
+
+// The halo's warm white (blue 241, green 242, red 255, alpha 255), pulled in
+// at single-precision 0.15 widened to double: required as written.
+constexpr unsigned char kHaloColour[4] = {241, 242, 255, 255};
+constexpr double kHaloOpacity = static_cast<double>(0.15f);
+static_assert(kHaloOpacity == 0.15000000596046448, "the halo pull is float 0.15 widened");
+
+// Curves first, then blend(pixel, material pixel), pixel by pixel.
+template <typename Blend>
+void curves_then_blend(unsigned char* image, unsigned char* material, int width, int height,
+                       const RgbCurves& curves, Blend blend) {
+    for_each_pixel(image, material, width, height, [&](unsigned char* px, unsigned char* m) {
+        curves.apply(px);
+        blend(px, m);
+    });
+}
+
+void screen_full(unsigned char* px, const unsigned char* m) {
+    qtzq::screen_ex(px, m, kFullOpacity);
+}
+
+// Soft light at the material's own alpha times 0.7, all in single
+// precision: (alpha * 0.7f) / 255.0f, then widened. Required as written.
+void soft_light_by_alpha(unsigned char* px, const unsigned char* m) {
+    const float kStrength = 0.7f;
+    const float kAlphaScale = 255.0f;
+    const float opacity = static_cast<float>(m[3]) * kStrength / kAlphaScale;
+    qtzq::soft_light_ex(px, m, static_cast<double>(opacity));
+}
+
+}  // namespace
+
+void StyleLomoNight(unsigned char* image, unsigned char* material, int width, int height) {
+    curves_then_blend(image, material, width, height, RgbCurves::from_store(11), screen_full);
+}
+
+void StyleLomoSnow(unsigned char* image, unsigned char* material, int width, int height) {
+    curves_then_blend(image, material, width, height, RgbCurves::from_store(12, 13, 14),
+                      screen_full);
+}
+
+void StyleLomoChristmas(unsigned char* image, unsigned char* material, int width, int height) {
+    curves_then_blend(image, material, width, height, RgbCurves::from_store(15, 16, 17),
+                      screen_full);
+}
+
+void StyleBrightRed(unsigned char* image, unsigned char* material, int width, int height) {
+    // The other way round on purpose: the screened pixel goes through the
+    // curves.
+    const RgbCurves curves = RgbCurves::from_store(18, 19, 20);
+    for_each_pixel(image, material, width, height, [&](unsigned char* px, unsigned char* m) {
+        screen_full(px, m);
+        curves.apply(px);
+    });
+}
+
+void StyleLomoStar(unsigned char* image, unsigned char* material, int width, int height) {
+    qtzq::blend_material(image, material, width, height, qtzq::soft_light_ex, kFullOpacity);
+}
+
+void StyleReverse(unsigned char* image, unsigned char* material, int width, int height) {
+    curves_then_blend(image, material, width, height, RgbCurves::from_store(21, 22, 23),
+                      soft_light_by_alpha);
+}
+
+void StyleLomoHalo(unsigned char* image, unsigned char* material, int width, int height) {
+    curves_then_blend(image, material, width, height, RgbCurves::from_store(34),
+                      [](unsigned char* px, const unsigned char* m) {
+                          screen_full(px, m);
+                          qtzq::normal_ex(px, kHaloColour, kHaloOpacity);
+                      });
+}
