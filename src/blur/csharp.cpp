@@ -1,5 +1,5 @@
 // CSharp: the object and its blur kernel.
-#include <cmath>
+#include <math.h>
 
 #include "blur/preview_cache.h"
 #include "qtzqeffect/blur.h"
@@ -33,18 +33,20 @@ CSharp::~CSharp() {
 
 // The weights form a staircase on purpose: the exponent is an integer
 // quotient, so runs of taps share one weight. Single-precision expf and
-// the + 0.5f truncation are required as written.
+// the + 0.5f truncation are required as written. expf only ever sees the
+// integers -4..4 here, where every platform's result is the correctly
+// rounded one.
 int CSharp::SetRadius(int radius) {
     if (radius < kSmallestRadius || radius > kLargestRadius) return 0;
     const int size = (5 * radius + 1) | 1;
     const int half = size >> 1;
     const int spread = 2 * radius * radius;
 
-    const float peak = std::exp(static_cast<float>(half * half / spread));
+    const float peak = expf(static_cast<float>(half * half / spread));
     m_kernel[half] = static_cast<int>(peak + 0.5f);
     int sum = m_kernel[half];
     for (int i = 1; i <= half; ++i) {
-        const float falloff = std::exp(static_cast<float>(-(i * i) / spread));
+        const float falloff = expf(static_cast<float>(-(i * i) / spread));
         const int weight = static_cast<int>(0.5f + peak * falloff);
         m_kernel[half - i] = weight;
         m_kernel[half + i] = weight;

@@ -5,8 +5,7 @@
 // compared to the byte, and a reordered sum can move a truncated pixel.
 #include "blur/deriche_coefficients.h"
 
-#include <cmath>
-
+#include "pixel/portable_math.h"
 #include "qtzqeffect/blur.h"
 
 namespace qtzq {
@@ -37,7 +36,11 @@ struct Decays {
     double e0011;         // e0^2 e1^2
 };
 
-double decay(double constant_sum, double sigma) { return std::exp(-constant_sum / sigma); }
+// exp, sin and cos are the portable, correctly rounded ones: the host's
+// maths library differs between CPUs in the last bit, and so would the blur.
+double decay(double constant_sum, double sigma) {
+    return portable_exp(-constant_sum / sigma);
+}
 
 Decays decays(double sigma) {
     Decays e;
@@ -63,8 +66,8 @@ DericheCoefficients deriche_coefficients(double sigma) {
 
     const double o0 = kOmega0 / sigma;
     const double o1 = kOmega1 / sigma;
-    const double sin0 = std::sin(o0), cos0 = std::cos(o0);
-    const double sin1 = std::sin(o1), cos1 = std::cos(o1);
+    const double sin0 = portable_sin(o0), cos0 = portable_cos(o0);
+    const double sin1 = portable_sin(o1), cos1 = portable_cos(o1);
     const Decays e = decays(sigma);
 
     DericheCoefficients k{};

@@ -1,9 +1,8 @@
 // Builders of the brightness/contrast and gamma tables.
 #include "pixel/tone_tables.h"
 
-#include <cmath>
-
 #include "pixel/numeric.h"
+#include "pixel/portable_math.h"
 
 namespace qtzq {
 namespace {
@@ -39,11 +38,12 @@ void repeating_brightness_contrast_table(long brightness, long contrast, unsigne
 
 void gamma_table(float gamma, unsigned char* table) {
     // The reciprocal is taken in single precision, then used in double.
+    // The powers are correctly rounded, hence the same on every CPU.
     const float inverse = 1.0f / gamma;
     const double exponent = inverse;
-    const double scale = std::pow(255.0, exponent) / 255.0;
+    const double scale = portable_pow(255.0, exponent) / 255.0;
     for (int i = 0; i < kToneTableSize; ++i) {
-        table[i] = truncate_clamp_byte(std::pow(double(i), exponent) / scale);
+        table[i] = truncate_clamp_byte(portable_pow(double(i), exponent) / scale);
     }
 }
 
