@@ -3,6 +3,7 @@
 
 #include "all_cases.h"
 #include "families.h"
+#include "qtzqeffect/facade.h"
 #include "qtzqeffect/styles.h"
 #include "styles/curve_store.h"
 
@@ -36,6 +37,20 @@ void add_styles_cases(CaseList& list) {
     for (const int strength : {-20, 0, 25, 60, 100, 150}) {
         image_case(list, "styles.ABaoColor." + std::to_string(strength),
                    [=](unsigned char* p, int w, int h) { ABaoColor(p, w, h, strength); });
+    }
+
+    // Material presets with no effect id, and the colourful frame by kind.
+    materials3_case(list, "styles.StyleMilk", StyleMilk);
+    scene_case(list, "styles.StyleRouguang", Needs::nothing, [](Recorder& out, Scene& s) {
+        Bytes tables = blend_tables();
+        StyleRouguang(s.photo.data(), s.material1.data(), s.width, s.height, tables.data());
+        record_read_only(out, tables, blend_tables());
+    });
+    for (const int kind : {0, 1, 2, 3, 4, 5}) {
+        material_case(list, "styles.FrameXCBK." + std::to_string(kind),
+                      [=](unsigned char* p, unsigned char* m, int w, int h) {
+                          FrameXCBK(p, m, w, h, kind);
+                      });
     }
 
     // Zoom-blur presets. The time tunnel's first step takes a 240 x 240

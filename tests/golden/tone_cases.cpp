@@ -113,6 +113,53 @@ void add_tone_cases(CaseList& list) {
         }
     });
     image_case(list, "pixel.SpliteToR", [](unsigned char* p, int w, int h) { SpliteToR(p, h, w); });
+
+    // Colour balance: every region, with and without the kept lightness,
+    // and the three fixed-setting variants.
+    for (const bool keep : {false, true}) {
+        for (const _TONE_REGION region : {_TONE_REGION(0), _TONE_REGION(1), _TONE_REGION(2)}) {
+            image_case(list,
+                       "pixel.CColorBalance." + std::to_string(keep) + "." +
+                           std::to_string(int(region)),
+                       [=](unsigned char* p, int w, int h) {
+                           CColorBalance(keep, region, 37, -61, 100, p, h, w);
+                       });
+        }
+        const std::string flag = "." + std::to_string(keep);
+        image_case(list, "pixel.CColorBalance_0_13_0_21" + flag, [=](unsigned char* p, int w, int h) {
+            CColorBalance_0_13_0_21(keep, _TONE_REGION(0), 0, 0, 0, p, h, w);
+        });
+        image_case(list, "pixel.CColorBalance_1_2_0_8" + flag, [=](unsigned char* p, int w, int h) {
+            CColorBalance_1_2_0_8(keep, _TONE_REGION(1), 0, 0, 0, p, h, w);
+        });
+        image_case(list, "pixel.CColorBalance_2_0_0_s13" + flag, [=](unsigned char* p, int w, int h) {
+            CColorBalance_2_0_0_s13(keep, _TONE_REGION(2), 0, 0, 0, p, h, w);
+        });
+        image_case(list, "pixel.AutoColorLevel" + flag,
+                   [=](unsigned char* p, int w, int h) { AutoColorLevel(p, w, h, keep); });
+    }
+    image_case(list, "pixel.DanyaUseStone", [](unsigned char* p, int w, int h) {
+        DanyaUseStone(p, w, h, 1, 20, -15, 30);
+    });
+
+    // Histogram counts and the range getters of every table.
+    custom_case(list, "pixel.CHistogram", [](Recorder& out) {
+        for (Scene s : scenes()) {
+            CHistogram histogram(s.photo.data(), s.width, s.height);
+            for (const _IMAGE_CHANNEL c : {_IMAGE_CHANNEL(0), _IMAGE_CHANNEL(1), _IMAGE_CHANNEL(2),
+                                           _IMAGE_CHANNEL(4)}) {
+                for (int v = 0; v < 256; ++v) out.i32(histogram.GetChannelHistogram(c, v));
+                histogram.SetStart(30);
+                histogram.SetEnd(200);
+                out.i32(histogram.GetCount(c));
+                out.i32(histogram.GetMaxCount(c));
+                out.i32(histogram.GetAverage(c));
+                histogram.SetStart(0);
+                histogram.SetEnd(255);
+            }
+            out.i32(histogram.GetPixelNumber());
+        }
+    });
 }
 
 }  // namespace qtzq_golden
