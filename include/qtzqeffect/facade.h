@@ -77,7 +77,7 @@ public:
 
     // --- Sharpening in two steps -------------------------------------------
     // Returns the blurred photo to pass to SharpProcess (free it with
-    // delete[]), or null for a null photo.
+    // delete[]; its alpha bytes are the photo's), or null for a null photo.
     unsigned char* SharpInit(unsigned char* image, int width, int height);
     // Pushes every colour byte away from its blurred value by `amount`.
     // Returns 0 if either buffer is null, else 1.
@@ -93,7 +93,8 @@ public:
     // frees with delete[]. `material` is a 240 x 240 pixel buffer.
     unsigned char* effectShiGuangSuiDao(unsigned char* image, unsigned char* material, int width,
                                         int height);
-    // Second step, in place. Returns 1.
+    // Second step, in place: `material` is the buffer the first step
+    // returned. Returns 1.
     int effectShiGuangSuiDaoResult(unsigned char* image, unsigned char* material, int width,
                                    int height);
 };
