@@ -45,7 +45,7 @@ struct FrameLayout {
 // as required.
 void scale_insets(int (&insets)[kFrameCorners], float scale) {
     const float kHalf = 0.5f;
-    for (int& inset : insets) inset = trunc_to_int(static_cast<float>(inset) * scale + kHalf);
+    for (int& inset : insets) inset = truncate_int(static_cast<float>(inset) * scale + kHalf);
 }
 
 // Remainder and count of whole tiles of `span`; a tile size of 0 leaves the

@@ -40,9 +40,9 @@ _tagCGRect cfreepuzzle::ChangeRectWithMaxRect(_tagCGSize photo, _tagCGRect rect)
     const double by_height = rect.height / photo_height;
     double k = by_height < by_width ? by_height : by_width;
     if (k > kNoEnlargement) k = kNoEnlargement;
-    const int width = trunc_to_int(k * photo_width);
-    const int height = trunc_to_int(k * photo_height);
-    const int left = trunc_to_int(rect.x + (static_cast<double>(rect.width) - width) * kHalf);
-    const int top = trunc_to_int(rect.y + (static_cast<double>(rect.height) - height) * kHalf);
+    const int width = truncate_int(k * photo_width);
+    const int height = truncate_int(k * photo_height);
+    const int left = truncate_int(rect.x + (static_cast<double>(rect.width) - width) * kHalf);
+    const int top = truncate_int(rect.y + (static_cast<double>(rect.height) - height) * kHalf);
     return {left, top, width, height};
 }

@@ -48,11 +48,11 @@ struct CellPlacement {
 };
 
 // q(v): v truncated to an integer, then halved with truncation toward zero.
-int half_of_truncated(float v) { return trunc_to_int(v) / 2; }
+int half_of_truncated(float v) { return truncate_int(v) / 2; }
 
 CellPlacement place_cell(cfreepuzzle& puzzle, const ByteReader& file, std::int64_t record) {
     const auto draw_int = [&](RecordField least, RecordField greatest) {
-        return trunc_to_int(puzzle.AverageRandom(static_cast<float>(file.i32(record + least)),
+        return truncate_int(puzzle.AverageRandom(static_cast<float>(file.i32(record + least)),
                                                  static_cast<float>(file.i32(record + greatest))));
     };
     const int dx = draw_int(kLeastShiftX, kGreatestShiftX);
@@ -70,15 +70,15 @@ CellPlacement place_cell(cfreepuzzle& puzzle, const ByteReader& file, std::int64
                                half_of_truncated(nominal_width - width));
     const int y = wrapping_add(wrapping_add(dy, file.i32(record + kBaseY)),
                                half_of_truncated(nominal_height - height));
-    return {rotation, x, y, trunc_to_int(width), trunc_to_int(height)};
+    return {rotation, x, y, truncate_int(width), truncate_int(height)};
 }
 
 }  // namespace
 
 float cfreepuzzle::AverageRandom(float least, float greatest) {
     const float kHundredths = 100.0f;  // two decimals, in single precision
-    const int lo = trunc_to_int(least * kHundredths);
-    const int hi = trunc_to_int(greatest * kHundredths);
+    const int lo = truncate_int(least * kHundredths);
+    const int hi = truncate_int(greatest * kHundredths);
     std::srand(kLayoutSeed);
     const int range = wrapping_sub(hi, lo);
     if (range == 0) return static_cast<float>(hi) / kHundredths;

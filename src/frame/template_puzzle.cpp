@@ -10,7 +10,7 @@ namespace {
 // Half a layout offset, computed in double precision and truncated.
 int half_offset(int offset) {
     const double kHalf = 0.5;
-    return trunc_to_int(offset * kHalf);
+    return truncate_int(offset * kHalf);
 }
 
 }  // namespace
