@@ -5,7 +5,7 @@
 # everything is there.
 set -euo pipefail
 
-packages=(cmake g++ make libgtest-dev libpng-dev libjpeg-dev binutils pkg-config "$@")
+packages=(cmake g++ make libgtest-dev libbenchmark-dev libpng-dev libjpeg-dev binutils pkg-config "$@")
 
 missing=()
 for p in "${packages[@]}"; do

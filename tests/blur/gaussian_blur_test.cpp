@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <thread>
 
 #include <qtzqeffect/blur.h>
@@ -203,18 +201,6 @@ TEST(GaussianBlurThreads, TwoThreadsGiveTheBytesOfOneAfterTheOther) {
         EXPECT_EQ(x, a);
         EXPECT_EQ(y, b);
         EXPECT_TRUE(same_block(*shared, for_radius(3.0)) || same_block(*shared, for_radius(2.0)));
-    }
-}
-
-// Run with --gtest_also_run_disabled_tests: the time per pixel stays flat
-// from radius 1 to 255 (five taps per direction whatever the radius).
-TEST(GaussianBlurBenchmark, DISABLED_CostDoesNotGrowWithTheRadius) {
-    const Bytes image = noise(800, 600, 1);
-    for (double radius : {1.0, 8.0, 64.0, 255.0}) {
-        const auto start = std::chrono::steady_clock::now();
-        blurred(image, 800, 600, radius, radius);
-        const std::chrono::duration<double, std::nano> took = std::chrono::steady_clock::now() - start;
-        std::printf("radius %5.1f: %.1f ns per pixel\n", radius, took.count() / (800 * 600));
     }
 }
 

@@ -1,0 +1,58 @@
+// Every effect id of the catalogue through the facade, with the tool's
+// generated default materials and blend table set, as an application
+// would call it. Each also reports the peak scratch memory of one call.
+#include <string>
+#include <vector>
+
+#include "bench_image.h"
+#include "catalogue.h"
+#include "effect_inputs.h"
+#include "effect_runner.h"
+#include "suites.h"
+#include "timed_pass.h"
+
+namespace qtzq_bench {
+namespace {
+
+using qtzq_cli::EffectInfo;
+
+// Materials and tables of one effect at the photo's size. Only the effect
+// being timed keeps its inputs: 12-megapixel materials are large.
+struct EffectInputs {
+    int id = -1;
+    std::vector<BgraImage> materials;
+    std::vector<unsigned char> tables;
+};
+
+EffectInputs& inputs_for(const EffectInfo& info) {
+    static EffectInputs current;
+    if (current.id == info.id) return current;
+    const BenchImage& photo = bench_image();
+    current = EffectInputs{};
+    for (int slot = 0; slot < qtzq_cli::material_count(info.overload); ++slot)
+        current.materials.push_back(
+            qtzq_cli::default_material(info, slot, photo.width(), photo.height()));
+    if (qtzq_cli::needs_tables(info.overload)) current.tables = qtzq_cli::default_table_set(info);
+    current.id = info.id;
+    return current;
+}
+
+void time_effect(benchmark::State& state, const EffectInfo& info) {
+    EffectInputs& inputs = inputs_for(info);
+    unsigned char* tables = inputs.tables.empty() ? nullptr : inputs.tables.data();
+    time_in_place(
+        state,
+        [&](BgraImage& photo) { qtzq_cli::run_effect(info, photo, inputs.materials, tables); },
+        Memory::Measure);
+}
+
+}  // namespace
+
+void register_effects() {
+    for (const EffectInfo& info : qtzq_cli::catalogue()) {
+        add_benchmark("effect/" + std::to_string(info.id) + "/" + info.preset,
+                      [&info](benchmark::State& state) { time_effect(state, info); });
+    }
+}
+
+}  // namespace qtzq_bench
