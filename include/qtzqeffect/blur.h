@@ -128,12 +128,14 @@ public:
     // or the columns of the image size last stored, blue, green and red
     // only. Edge pixels are averaged over the taps inside the image; the
     // left (top) edge leaves out the outermost right-hand tap. dst's alpha is
-    // never written; nothing is written at all before a kernel is set. The
-    // int and the last bool are not used. Returns 1.
+    // never written; nothing is written at all before a kernel is set. dst
+    // may be src (the pass works on a copy of each line). The int and the
+    // last bool are not used. Returns 1.
     int ConvoluteDimension(unsigned char* src, unsigned char* dst, int, bool horizontal, bool);
 
     // Blurs src into dst (rows, then columns) with the current kernel and
-    // the stored image size. The ints and the bool are not used. Returns 1.
+    // the stored image size, needing no image-sized scratch; dst may be src.
+    // The ints and the bool are not used. Returns 1.
     int GetBlur(unsigned char* src, unsigned char* dst, int, int, bool);
 
     // Stores the image size and radius, builds the kernel, then blurs src

@@ -1,6 +1,7 @@
 // CSharp's separable integer blur.
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <vector>
 
 #include "blur/csharp_size.h"
@@ -51,12 +52,15 @@ struct LineConvolution {
         return (weights != 0 ? acc / weights : acc) & 0xFF;
     }
 
-    void run(const unsigned char* s, unsigned char* out, std::ptrdiff_t step, int length) const {
+    // Reads the line from s (samples `in_step` apart) and writes it to out
+    // (`out_step` apart).
+    void run(const unsigned char* s, std::ptrdiff_t in_step, unsigned char* out,
+             std::ptrdiff_t out_step, int length) const {
         // Each result is stored as its low byte.
-        const auto put = [&](int j, int value) { out[j * step] = static_cast<unsigned char>(value); };
-        for (int j = 0; j < half; ++j) put(j, left(s, step, length, j));
-        for (int j = half; j < length - half; ++j) put(j, middle(s, step, j));
-        for (int j = length - half; j < length; ++j) put(j, right(s, step, length, j));
+        const auto put = [&](int j, int value) { out[j * out_step] = static_cast<unsigned char>(value); };
+        for (int j = 0; j < half; ++j) put(j, left(s, in_step, length, j));
+        for (int j = half; j < length - half; ++j) put(j, middle(s, in_step, j));
+        for (int j = length - half; j < length; ++j) put(j, right(s, in_step, length, j));
     }
 };
 
@@ -71,20 +75,27 @@ int CSharp::ConvoluteDimension(unsigned char* src, unsigned char* dst, int, bool
     const std::ptrdiff_t pixel_step = horizontal ? std::ptrdiff_t(qtzq::kBytesPerPixel) : row_bytes;
     const std::ptrdiff_t line_step = horizontal ? row_bytes : std::ptrdiff_t(qtzq::kBytesPerPixel);
 
+    // Each line is copied out before it is convolved, so the pass reads only
+    // the copy: dst may be src, and a column is gathered once instead of
+    // being read across rows for every tap.
     const LineConvolution line{m_kernel, m_kernelSum, std::min(length >> 1, m_kernelSize >> 1)};
-    for (int c = 0; c < kColourChannels; ++c) {
-        for (int i = 0; i < lines; ++i) {
-            const std::ptrdiff_t start = i * line_step + c;
-            line.run(src + start, dst + start, pixel_step, length);
-        }
+    std::vector<unsigned char> copy(std::size_t(length) * qtzq::kBytesPerPixel);
+    for (int i = 0; i < lines; ++i) {
+        const unsigned char* from = src + i * line_step;
+        for (int t = 0; t < length; ++t)
+            std::memcpy(&copy[std::size_t(t) * qtzq::kBytesPerPixel], from + t * pixel_step,
+                        qtzq::kBytesPerPixel);
+        for (int c = 0; c < kColourChannels; ++c)
+            line.run(copy.data() + c, qtzq::kBytesPerPixel, dst + i * line_step + c, pixel_step,
+                     length);
     }
     return 1;
 }
 
 int CSharp::GetBlur(unsigned char* src, unsigned char* dst, int a, int b, bool flag) {
-    std::vector<unsigned char> scratch(qtzq::pixel_count(m_width, m_height) * qtzq::kBytesPerPixel);
-    ConvoluteDimension(src, scratch.data(), a, true, flag);
-    ConvoluteDimension(scratch.data(), dst, b, false, flag);
+    // The column pass works on dst in place: no intermediate image.
+    ConvoluteDimension(src, dst, a, true, flag);
+    ConvoluteDimension(dst, dst, b, false, flag);
     return 1;
 }
 

@@ -82,6 +82,26 @@ TEST(SharpBlur, EdgesAndShortLines) {
     EXPECT_EQ(row_pass(1, {181, 181, 181, 181, 181}), (std::vector<int>{181, 181, 173, 181, 181}));
 }
 
+
+TEST(SharpBlur, InPlaceEqualsSeparateBuffersAndColumnsMatchTransposedRows) {
+    const int w = 23, h = 17;
+    Bytes image = noise(w, h, 5);
+    // Into a separate buffer whose alpha already is the photo's, and in place.
+    Bytes separate = image, in_place = image;
+    CSharp().GetBlur(image.data(), separate.data(), w, h, 2, 0, false);
+    CSharp().GetBlur(in_place.data(), in_place.data(), w, h, 2, 0, false);
+    EXPECT_EQ(in_place, separate);
+
+    // A column pass is the row pass of the transposed image.
+    CSharp columns, rows;
+    Bytes down = transposed(image, w, h), column_only(image.size(), 0), row_only(image.size(), 0);
+    columns.GetBlur(image.data(), column_only.data(), w, h, 1, 0, false);  // stores w x h
+    rows.GetBlur(down.data(), row_only.data(), h, w, 1, 0, false);         // stores h x w
+    columns.ConvoluteDimension(image.data(), column_only.data(), 0, false, false);
+    rows.ConvoluteDimension(down.data(), row_only.data(), 0, true, false);
+    EXPECT_EQ(transposed(column_only, w, h), row_only);
+}
+
 TEST(SharpCombine, AmountOneIsTwiceTheOriginalLessTheBlur) {
     Bytes image(256 * 256 * 4), blur(256 * 256 * 4);
     for (std::size_t i = 0; i < image.size(); ++i) {
