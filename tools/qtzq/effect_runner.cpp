@@ -12,11 +12,9 @@ std::mutex& shared_state_mutex() {
     return mutex;
 }
 
-void dispatch(const EffectInfo& info, BgraImage& photo, std::vector<BgraImage>& m,
-              unsigned char* tables) {
+void dispatch(const EffectInfo& info, unsigned char* image, int w, int h,
+              std::vector<BgraImage>& m, unsigned char* tables) {
     Qtzqeffect facade;
-    unsigned char* image = photo.data();
-    const int w = photo.width, h = photo.height;
     switch (info.overload) {
         case Overload::Image: facade.effect(info.id, image, w, h); break;
         case Overload::OneMaterial: facade.effect(info.id, image, m[0].data(), w, h); break;
@@ -35,14 +33,19 @@ void dispatch(const EffectInfo& info, BgraImage& photo, std::vector<BgraImage>& 
 
 }  // namespace
 
-void run_effect(const EffectInfo& info, BgraImage& photo, std::vector<BgraImage>& materials,
-                unsigned char* tables) {
+void run_effect(const EffectInfo& info, unsigned char* pixels, int width, int height,
+                std::vector<BgraImage>& materials, unsigned char* tables) {
     if (info.serialised) {
         std::lock_guard<std::mutex> lock(shared_state_mutex());
-        dispatch(info, photo, materials, tables);
+        dispatch(info, pixels, width, height, materials, tables);
     } else {
-        dispatch(info, photo, materials, tables);
+        dispatch(info, pixels, width, height, materials, tables);
     }
+}
+
+void run_effect(const EffectInfo& info, BgraImage& photo, std::vector<BgraImage>& materials,
+                unsigned char* tables) {
+    run_effect(info, photo.data(), photo.width, photo.height, materials, tables);
 }
 
 }  // namespace qtzq_cli

@@ -21,6 +21,10 @@ using qtzq_tools::BgraImage;
 void run_effect(const EffectInfo& info, BgraImage& photo, std::vector<BgraImage>& materials,
                 unsigned char* tables);
 
+// The same on a caller's buffer of width * height BGRA pixels.
+void run_effect(const EffectInfo& info, unsigned char* pixels, int width, int height,
+                std::vector<BgraImage>& materials, unsigned char* tables);
+
 }  // namespace qtzq_cli
 
 #endif  // QTZQ_CLI_EFFECT_RUNNER_H

@@ -1,0 +1,78 @@
+// The command-line tool's image codecs: PNG and JPEG files to and from
+// arrays, so that Python reads and writes photos exactly as `qtzq` does.
+#include <pybind11/stl/filesystem.h>
+
+#include <filesystem>
+
+#include "arrays.h"
+#include "bindings.h"
+#include "image_file.h"
+
+namespace qtzq_py {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Reading and writing files fail with OSError, like Python's own file calls.
+[[noreturn]] void raise_os_error(const std::string& message) {
+    PyErr_SetString(PyExc_OSError, message.c_str());
+    throw py::error_already_set();
+}
+
+py::array read_image(const fs::path& path, const std::string& order) {
+    const Order layout = parse_order(order);
+    BgraImage image;
+    std::string error;
+    if (!without_gil([&] { return qtzq_cli::read_image(path.string(), image, error); }))
+        raise_os_error(error);
+    return array_from_bgra(image.data(), image.width, image.height, layout);
+}
+
+py::array decode_image(const py::object& data, const std::string& order) {
+    const Order layout = parse_order(order);
+    const std::vector<unsigned char> bytes = bytes_of(data, "data");
+    BgraImage image;
+    std::string error;
+    if (!without_gil([&] { return qtzq_cli::decode_image(bytes, "data", image, error); }))
+        throw py::value_error(error);
+    return array_from_bgra(image.data(), image.width, image.height, layout);
+}
+
+void write_image(const fs::path& path, const py::object& image, const std::string& order,
+                 int quality) {
+    const Order layout = parse_order(order);
+    qtzq_cli::ImageFormat format;
+    if (!qtzq_cli::format_for_path(path.string(), format))
+        throw py::value_error(path.string() + ": unknown image type (use .png, .jpg or .jpeg)");
+    if (quality < 1 || quality > 100) throw py::value_error("quality must lie in 1..100");
+    const py::array array = checked_image(image, layout, "image");
+    BgraImage pixels(int(array.shape(1)), int(array.shape(0)));
+    copy_to_bgra(array, layout, pixels.data());
+    std::string error;
+    if (!without_gil([&] { return qtzq_cli::write_image(path.string(), pixels, quality, error); }))
+        raise_os_error(error);
+}
+
+}  // namespace
+
+void bind_codecs(py::module_& module) {
+    module.def("read_image", &read_image,
+               "Reads a PNG or JPEG file (recognised by its content; grey, palette, RGB or\n"
+               "RGBA) into a (height, width, 4) array: BGRA, or RGBA with order='rgb'.\n"
+               "Images without alpha come back opaque. OSError naming the file when it\n"
+               "cannot be read or decoded.",
+               py::arg("path"), py::kw_only(), py::arg("order") = "bgra");
+    module.def("decode_image", &decode_image,
+               "Decodes the bytes of a PNG or JPEG file as read_image() does (ValueError\n"
+               "when they are not one).",
+               py::arg("data"), py::kw_only(), py::arg("order") = "bgra");
+    module.def("write_image", &write_image,
+               "Writes an image as PNG or JPEG, chosen by the extension (.png, .jpg, .jpeg),\n"
+               "JPEG at the given quality (1..100; JPEG drops alpha). The file is written\n"
+               "under a temporary name and renamed into place, so a failure leaves no\n"
+               "partial file. OSError naming the file on failure.",
+               py::arg("path"), py::arg("image"), py::kw_only(), py::arg("order") = "bgra",
+               py::arg("quality") = 92);
+}
+
+}  // namespace qtzq_py
