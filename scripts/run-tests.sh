@@ -5,7 +5,8 @@
 #   scripts/run-tests.sh [STAGE...]
 #
 # STAGE is one of (default: all, in this order):
-#   default   optimised build, whole suite (golden digests included)
+#   default   optimised build, whole suite (golden digests, Python package,
+#             benchmark smoke run included)
 #   sanitize  whole suite under AddressSanitizer + UndefinedBehaviorSanitizer
 #   tsan      the blur suite (concurrent blurs) under ThreadSanitizer
 #   armhf     cross build for 32-bit ARM, whole suite under qemu-arm
