@@ -3,7 +3,6 @@
 #define QTZQ_TESTS_BLUR_SUPPORT_H
 
 #include <cstddef>
-#include <cstdint>
 
 #include "support/images.h"
 
@@ -17,16 +16,6 @@ inline Bytes transposed(const Bytes& image, int width, int height) {
             for (int c = 0; c < 4; ++c)
                 out[(std::size_t(x) * height + y) * 4 + c] = image[(std::size_t(y) * width + x) * 4 + c];
     return out;
-}
-
-// 64-bit FNV-1a digest of a buffer: pins a whole output in one number.
-inline std::uint64_t digest(const Bytes& bytes) {
-    std::uint64_t h = 1469598103934665603ull;
-    for (unsigned char b : bytes) {
-        h ^= b;
-        h *= 1099511628211ull;
-    }
-    return h;
 }
 
 // True when every alpha byte of `after` equals that of `before`.

@@ -175,15 +175,6 @@ TEST(GaussianBlur, BlockKeepsTheLastRadiusComputed) {
     EXPECT_EQ(copy, by_passes(image, 10, 12, 0.0, 4.0));
 }
 
-TEST(GaussianBlur, GoldenDigests) {
-    // Pins whole outputs on every CPU; checked against a separate
-    // straightforward transcription of the filter.
-    const Bytes image = noise(64, 48, 11);
-    EXPECT_EQ(digest(blurred(image, 64, 48, 1.0, 1.0)), 9587817270653378141ull);
-    EXPECT_EQ(digest(blurred(image, 64, 48, 3.5, 12.0)), 16087363114222207766ull);
-    EXPECT_EQ(digest(blurred(image, 64, 48, 255.0, 0.7)), 12080272348272441309ull);
-}
-
 TEST(GaussianBlurThreads, TwoThreadsGiveTheBytesOfOneAfterTheOther) {
     const int w = 120, h = 90;
     const Bytes first = noise(w, h, 21), second = noise(w, h, 22);

@@ -55,25 +55,6 @@ protected:
     int entry(int map, int a, int b) const { return mixed[kMapStart[map] + a * 256 + b]; }
 };
 
-TEST_F(BlendTablePresets, FirstIndexMapsLeaveTheCurveAndSaturation) {
-    const Bytes first = table_set([](int, int a, int) { return a; });
-    EXPECT_EQ(run(StyleXuanCai, first), curved(photo, 0, 0, 0));
-    EXPECT_EQ(run(StyleNiuPiZhi, first), saturated(photo, -35));
-    EXPECT_EQ(run(StyleFanHuang, first), curved(saturated(photo, -30), 24, 25, 26));
-}
-
-TEST_F(BlendTablePresets, SecondIndexMapsShowTheLastOperand) {
-    const Bytes second = table_set([](int, int, int b) { return b; });
-    Bytes warm = photo, kraft = photo;
-    for (std::size_t i = 0; i < photo.size(); i += 4) {
-        warm[i] = warm[i + 1] = 8;
-        warm[i + 2] = 48;
-        for (int c = 0; c < 3; ++c) kraft[i + c] = m2[i + c];
-    }
-    EXPECT_EQ(run(StyleFanHuang, second), warm);
-    EXPECT_EQ(run(StyleNiuPiZhi, second), kraft);
-}
-
 TEST_F(BlendTablePresets, StepsUseTheMapsInOrderWithTheirOperands) {
     Bytes xuancai = photo, fanhuang = saturated(photo, -30), niupizhi = saturated(photo, -35);
     const int warmth[3] = {8, 8, 48}, tint[3] = {100, 10, 14};
