@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "bench_image.h"
+#include "blend_modes.h"
 #include "materials.h"
 #include "suites.h"
 #include "timed_pass.h"
@@ -14,47 +15,29 @@
 namespace qtzq_bench {
 namespace {
 
-// One blend mode called the uniform way: base pixel, blend pixel, opacity.
+// One blend function called the uniform way: base pixel, blend pixel, opacity.
+using BlendFunction = void (*)(unsigned char* base, unsigned char* layer, double opacity);
+
 struct BlendCase {
-    const char* name;
-    void (*blend)(unsigned char* base, unsigned char* layer, double opacity);
+    std::string name;  // the library function
+    BlendFunction blend;
 };
 
-// Every mode of the library; the few whose signatures differ are adapted
-// (a constant colour or a single level taken from the layer pixel, a
-// float opacity, no opacity).
-const std::vector<BlendCase>& blend_cases() {
-    static const std::vector<BlendCase> cases = {
-        {"NormalEx", NormalEx},
-        {"ImageNormalEx", ImageNormalEx},
-        {"MultipleEx", MultipleEx},
-        {"ImageAddEx", ImageAddEx},
-        {"ScreenEx", ScreenEx},
-        {"ImageScreenEx", ImageScreenEx},
-        {"ImageLightenEx", ImageLightenEx},
-        {"ImageDarkenEx", ImageDarkenEx},
-        {"ImageExclusionEx", ImageExclusionEx},
-        {"ImageExclusionEx2", ImageExclusionEx2},
-        {"ExclusionEx", ExclusionEx},
-        {"ImageColorBurnEx", [](unsigned char* b, unsigned char* l, double) { ImageColorBurnEx(b, l); }},
-        {"ColorBurnEx", ColorBurnEx},
-        {"HardlightEx", HardlightEx},
-        {"HardlightEx_2", HardlightEx_2},
-        {"OverlayEx", [](unsigned char* b, unsigned char* l, double o) { OverlayEx(b, l, o); }},
-        {"OverlayEx_colour",
-         [](unsigned char* b, unsigned char* l, double o) { OverlayEx(b, l[2], l[1], l[0], o); }},
-        {"SoftLightEx", SoftLightEx},
-        {"SoftLightEx2", SoftLightEx2},
-        {"ImageSoftLightEx", ImageSoftLightEx},
-        {"ImageSoftLightExNew",
-         [](unsigned char* b, unsigned char* l, double o) { ImageSoftLightExNew(b, l[1], o); }},
-        {"CompositeColorEx", CompositeColorEx},
-        {"PinLightEx", [](unsigned char* b, unsigned char* l, double) { PinLightEx(b, l); }},
-        {"PinLightEx2",
-         [](unsigned char* b, unsigned char* l, double o) { PinLightEx2(b, l, float(o)); }},
-        {"ColorEx", ColorEx},
-        {"ColorHSBEx", ColorHSBEx},
-    };
+// Every mode the tool knows (with its adapters for other signatures), and
+// the single-pixel forms it does not offer as modes: the second name of
+// the normal blend, overlay with a constant colour and soft light with one
+// level, both taken from the layer pixel.
+std::vector<BlendCase> blend_cases() {
+    std::vector<BlendCase> cases;
+    for (const qtzq_cli::BlendMode* mode : qtzq_cli::all_blend_modes())
+        cases.push_back({mode->function, mode->apply});
+    cases.push_back({"ImageNormalEx", ImageNormalEx});
+    cases.push_back({"OverlayEx_colour", [](unsigned char* b, unsigned char* l, double o) {
+                         OverlayEx(b, l[2], l[1], l[0], o);
+                     }});
+    cases.push_back({"ImageSoftLightExNew", [](unsigned char* b, unsigned char* l, double o) {
+                         ImageSoftLightExNew(b, l[1], o);
+                     }});
     return cases;
 }
 
@@ -64,23 +47,22 @@ const BgraImage& blend_layer() {
     return layer;
 }
 
-void blend_photo(const BlendCase& mode, BgraImage& photo) {
+void blend_photo(BlendFunction blend_pixel, BgraImage& photo) {
     const BgraImage& layer = blend_layer();
     // The library reads the blend pixel only; its parameter is not const.
     auto* blend = const_cast<unsigned char*>(layer.pixels.data());
     unsigned char* const end = photo.data() + photo.pixels.size();
     for (unsigned char* base = photo.data(); base != end; base += 4, blend += 4)
-        mode.blend(base, blend, 0.7);
+        blend_pixel(base, blend, 0.7);
 }
 
 }  // namespace
 
 void register_blend_modes() {
     for (const BlendCase& mode : blend_cases()) {
-        const bool cross_fade = std::string(mode.name) == "NormalEx";
-        add_pass(std::string("blend/") + mode.name,
-                 [&mode](BgraImage& photo) { blend_photo(mode, photo); },
-                 cross_fade ? "opencv/addWeighted" : "");
+        add_pass("blend/" + mode.name,
+                 [blend = mode.blend](BgraImage& photo) { blend_photo(blend, photo); },
+                 mode.name == "NormalEx" ? "opencv/addWeighted" : "");
     }
 }
 

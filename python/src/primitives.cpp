@@ -5,8 +5,6 @@
 #include <qtzqeffect/curve.h>
 #include <qtzqeffect/pixel.h>
 
-#include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -28,38 +26,8 @@ bool within(double value, double low, double high) {
     return std::isfinite(value) && value >= low && value <= high;
 }
 
-std::string lower(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char c) { return char(std::tolower(c)); });
-    return text;
-}
-
-// Modes that mix the channels (so they cannot become the tool's 256 x 256
-// blend maps) but blend whole images well enough.
-const std::vector<BlendMode>& channel_mixing_modes() {
-    static const std::vector<BlendMode> modes = {
-        {"color", "ColorEx", "blend hue and saturation with base lightness (byte HSL)", true,
-         ColorEx},
-        {"color-hsb", "ColorHSBEx", "blend hue and saturation with base brightness (HSB)", true,
-         ColorHSBEx},
-        {"half-hardlight", "HardlightEx_2",
-         "hard light averaged with the base; the opacity acts on the dark branch only", true,
-         HardlightEx_2},
-    };
-    return modes;
-}
-
-std::vector<const BlendMode*> all_blend_modes() {
-    std::vector<const BlendMode*> modes;
-    for (const auto& mode : qtzq_cli::blend_modes()) modes.push_back(&mode);
-    for (const auto& mode : channel_mixing_modes()) modes.push_back(&mode);
-    return modes;
-}
-
 const BlendMode& resolve_blend_mode(const std::string& name) {
-    if (const BlendMode* mode = qtzq_cli::find_blend_mode(name)) return *mode;
-    for (const auto& mode : channel_mixing_modes())
-        if (lower(name) == mode.name || lower(name) == lower(mode.function)) return mode;
+    if (const BlendMode* mode = qtzq_cli::find_any_blend_mode(name)) return *mode;
     throw py::value_error("unknown blend mode '" + name +
                           "' (qtzqeffect.blend_modes() lists them)");
 }
@@ -191,7 +159,7 @@ py::object blend(const std::string& mode, const py::object& image, const py::obj
 
 py::list blend_mode_list() {
     py::list modes;
-    for (const BlendMode* mode : all_blend_modes())
+    for (const BlendMode* mode : qtzq_cli::all_blend_modes())
         modes.append(py::cast(mode, py::return_value_policy::reference));
     return modes;
 }

@@ -59,10 +59,37 @@ const std::vector<BlendMode>& blend_modes() {
     return modes;
 }
 
+const std::vector<BlendMode>& channel_mixing_modes() {
+    static const std::vector<BlendMode> modes = {
+        {"color", "ColorEx", "blend hue and saturation with base lightness (byte HSL)", true,
+         ColorEx},
+        {"color-hsb", "ColorHSBEx", "blend hue and saturation with base brightness (HSB)", true,
+         ColorHSBEx},
+        {"half-hardlight", "HardlightEx_2",
+         "hard light averaged with the base; the opacity acts on the dark branch only", true,
+         HardlightEx_2},
+    };
+    return modes;
+}
+
+std::vector<const BlendMode*> all_blend_modes() {
+    std::vector<const BlendMode*> modes;
+    for (const auto& mode : blend_modes()) modes.push_back(&mode);
+    for (const auto& mode : channel_mixing_modes()) modes.push_back(&mode);
+    return modes;
+}
+
 const BlendMode* find_blend_mode(const std::string& name) {
     const std::string wanted = lower(name);
     for (const auto& mode : blend_modes())
         if (wanted == mode.name || wanted == lower(mode.function)) return &mode;
+    return nullptr;
+}
+
+const BlendMode* find_any_blend_mode(const std::string& name) {
+    const std::string wanted = lower(name);
+    for (const BlendMode* mode : all_blend_modes())
+        if (wanted == mode->name || wanted == lower(mode->function)) return mode;
     return nullptr;
 }
 

@@ -1,7 +1,8 @@
 // The library's single-pixel blend modes, by name, for building blend
-// table sets. Only modes that treat blue, green and red alike (each channel
-// from its own two bytes) can become a 256 x 256 map, so the HSL/HSB colour
-// modes and the channel-asymmetric half hard light are not offered.
+// table sets and for blending whole images. Only modes that treat blue,
+// green and red alike (each channel from its own two bytes) can become a
+// 256 x 256 map; the HSL/HSB colour modes and the channel-asymmetric half
+// hard light are listed apart.
 #ifndef QTZQ_CLI_BLEND_MODES_H
 #define QTZQ_CLI_BLEND_MODES_H
 
@@ -19,10 +20,22 @@ struct BlendMode {
     void (*apply)(unsigned char* base, unsigned char* blend, double opacity);
 };
 
+// The modes that can become blend maps (each channel from its own bytes).
 const std::vector<BlendMode>& blend_modes();
 
-// By short name or library function name, case-insensitive; null when
-// unknown.
+// The modes that mix the channels (HSL/HSB colour, the channel-asymmetric
+// half hard light): no blend maps, but whole images blend well with them.
+const std::vector<BlendMode>& channel_mixing_modes();
+
+// blend_modes() then channel_mixing_modes().
+std::vector<const BlendMode*> all_blend_modes();
+
+// Any mode of all_blend_modes() by short name or library function name,
+// case-insensitive; null when unknown.
+const BlendMode* find_any_blend_mode(const std::string& name);
+
+// A blend-map mode by short name or library function name, case-insensitive;
+// null when unknown.
 const BlendMode* find_blend_mode(const std::string& name);
 
 }  // namespace qtzq_cli
