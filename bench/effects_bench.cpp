@@ -18,17 +18,17 @@ using qtzq_cli::EffectInfo;
 
 // Materials and tables of one effect at the photo's size. Only the effect
 // being timed keeps its inputs: 12-megapixel materials are large.
-struct EffectInputs {
+struct GeneratedInputs {
     int id = -1;
     std::vector<BgraImage> materials;
     std::vector<unsigned char> tables;
 };
 
-EffectInputs& inputs_for(const EffectInfo& info) {
-    static EffectInputs current;
+GeneratedInputs& inputs_for(const EffectInfo& info) {
+    static GeneratedInputs current;
     if (current.id == info.id) return current;
     const BenchImage& photo = bench_image();
-    current = EffectInputs{};
+    current = GeneratedInputs{};
     for (int slot = 0; slot < qtzq_cli::material_count(info.overload); ++slot)
         current.materials.push_back(
             qtzq_cli::default_material(info, slot, photo.width(), photo.height()));
@@ -38,7 +38,7 @@ EffectInputs& inputs_for(const EffectInfo& info) {
 }
 
 void time_effect(benchmark::State& state, const EffectInfo& info) {
-    EffectInputs& inputs = inputs_for(info);
+    GeneratedInputs& inputs = inputs_for(info);
     unsigned char* tables = inputs.tables.empty() ? nullptr : inputs.tables.data();
     time_in_place(
         state,
