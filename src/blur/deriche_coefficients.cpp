@@ -5,7 +5,7 @@
 // compared to the byte, and a reordered sum can move a truncated pixel.
 #include "blur/deriche_coefficients.h"
 
-#include "pixel/portable_math.h"
+#include "math/portable_math.h"
 #include "qtzqeffect/blur.h"
 
 namespace qtzq {

@@ -2,7 +2,7 @@
 #include "pixel/tone_tables.h"
 
 #include "pixel/numeric.h"
-#include "pixel/portable_math.h"
+#include "math/portable_math.h"
 
 namespace qtzq {
 namespace {

@@ -6,8 +6,8 @@
 // Every operation truncates its exact result to 192 bits (relative error
 // below 2^-190), so the few dozen operations behind one elementary function
 // leave its result within about 2^-178 of the true value.
-#ifndef QTZQ_PIXEL_WIDE_FLOAT_H
-#define QTZQ_PIXEL_WIDE_FLOAT_H
+#ifndef QTZQ_MATH_WIDE_FLOAT_H
+#define QTZQ_MATH_WIDE_FLOAT_H
 
 #include <cstdint>
 
@@ -65,4 +65,4 @@ void multiply_limbs(const std::uint32_t* a, int a_count, const std::uint32_t* b,
 
 }  // namespace qtzq
 
-#endif  // QTZQ_PIXEL_WIDE_FLOAT_H
+#endif  // QTZQ_MATH_WIDE_FLOAT_H

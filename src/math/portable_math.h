@@ -21,8 +21,8 @@
 // Special values follow the C standard's exp, sin, cos and pow; every NaN
 // result is the default quiet NaN. A call costs a few microseconds: meant
 // for coefficients and tables, not for per-pixel work.
-#ifndef QTZQ_PIXEL_PORTABLE_MATH_H
-#define QTZQ_PIXEL_PORTABLE_MATH_H
+#ifndef QTZQ_MATH_PORTABLE_MATH_H
+#define QTZQ_MATH_PORTABLE_MATH_H
 
 namespace qtzq {
 
@@ -42,4 +42,4 @@ double portable_pow(double x, double y);
 
 }  // namespace qtzq
 
-#endif  // QTZQ_PIXEL_PORTABLE_MATH_H
+#endif  // QTZQ_MATH_PORTABLE_MATH_H

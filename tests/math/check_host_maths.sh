@@ -1,7 +1,7 @@
 #!/bin/sh
 # Fails if library code calls the host maths library's exp, log, pow or
 # trigonometric functions (std:: or not) instead of the portable ones of
-# src/pixel/portable_math.h: their last bit differs between CPUs, and a
+# src/math/portable_math.h: their last bit differs between CPUs, and a
 # coefficient or table built from them moves pixels. expf (whose arguments
 # in the library give the same bits everywhere) and sqrt (exact by IEEE 754)
 # stay allowed. Comments are ignored.
@@ -10,20 +10,12 @@
 set -eu
 source_dir=$1
 
-# Files or folders not yet switched to the portable functions, relative to
-# SOURCE_DIR and separated by spaces (e.g. "curve/ styles/old_photo_preset.cpp").
-# A temporary exception: remove each entry as soon as that code is switched.
-not_yet_switched=""
-
 calls='(^|[^A-Za-z0-9_])(exp|exp2|expm1|log|log2|log10|log1p|pow|sin|cos|tan|sincos|asin|acos|atan|atan2|sinh|cosh|tanh|cbrt|hypot)[fl]?[[:space:]]*\('
 
 found=$(
   cd "$source_dir" &&
     find . -type f \( -name '*.cpp' -o -name '*.h' \) ! -name 'portable_math.*' | sed 's|^\./||' |
     LC_ALL=C sort | while read -r file; do
-      for prefix in $not_yet_switched; do
-        case $file in "$prefix"*) continue 2 ;; esac
-      done
       # Comments dropped and expf( blanked out before looking for calls.
       sed -E -e 's://.*$::' -e 's:/\*.*\*/::g' -e 's/(^|[^A-Za-z0-9_])expf[[:space:]]*\(/\1(/g' "$file" |
         grep -n -E "$calls" | cut -d: -f1 | while read -r line; do
@@ -37,4 +29,4 @@ if [ -n "$found" ]; then
   echo "$found"
   exit 1
 fi
-echo "no host maths library calls outside portable_math.*${not_yet_switched:+ (not yet switched: $not_yet_switched)}"
+echo "no host maths library calls outside portable_math.*"

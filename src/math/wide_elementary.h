@@ -1,9 +1,9 @@
 // exp, log, sine and cosine on WideFloat values, good to about 2^-175
 // relative: the working precision of the portable maths (portable_math.h).
-#ifndef QTZQ_PIXEL_WIDE_ELEMENTARY_H
-#define QTZQ_PIXEL_WIDE_ELEMENTARY_H
+#ifndef QTZQ_MATH_WIDE_ELEMENTARY_H
+#define QTZQ_MATH_WIDE_ELEMENTARY_H
 
-#include "pixel/wide_float.h"
+#include "math/wide_float.h"
 
 namespace qtzq {
 
@@ -26,4 +26,4 @@ WideFloat wide_cos_reduced(const WideFloat& r);
 
 }  // namespace qtzq
 
-#endif  // QTZQ_PIXEL_WIDE_ELEMENTARY_H
+#endif  // QTZQ_MATH_WIDE_ELEMENTARY_H

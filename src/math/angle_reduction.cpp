@@ -2,12 +2,12 @@
 // 2/pi worth 2^-j with j <= ex - 2 only add multiples of 4 and are skipped;
 // the next 320 bits give the fraction to far more than the 2^-62 by which a
 // double can approach a multiple of pi/2, plus the 192 bits of the result.
-#include "pixel/angle_reduction.h"
+#include "math/angle_reduction.h"
 
 #include <cstdint>
 #include <cstring>
 
-#include "pixel/wide_elementary.h"
+#include "math/wide_elementary.h"
 
 namespace qtzq {
 namespace {

@@ -1,7 +1,7 @@
 // Series evaluations in 192-bit arithmetic. Each series runs until its next
 // term no longer reaches the last bit of the sum, so every CPU performs the
 // same operations in the same order.
-#include "pixel/wide_elementary.h"
+#include "math/wide_elementary.h"
 
 #include <cstdint>
 

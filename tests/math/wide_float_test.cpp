@@ -9,9 +9,9 @@
 #include <initializer_list>
 #include <limits>
 
-#include "pixel/double_samples.h"
-#include "pixel/wide_elementary.h"
-#include "pixel/wide_float.h"
+#include "math/double_samples.h"
+#include "math/wide_elementary.h"
+#include "math/wide_float.h"
 
 using qtzq::WideFloat;
 using qtzq_test::bits_of;

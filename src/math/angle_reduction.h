@@ -1,10 +1,10 @@
 // Reduction of an angle to the quarter turn nearest to it, exact enough for
 // every finite double (Payne and Hanek's method: only the bits of 2/pi that
 // matter for the given magnitude take part).
-#ifndef QTZQ_PIXEL_ANGLE_REDUCTION_H
-#define QTZQ_PIXEL_ANGLE_REDUCTION_H
+#ifndef QTZQ_MATH_ANGLE_REDUCTION_H
+#define QTZQ_MATH_ANGLE_REDUCTION_H
 
-#include "pixel/wide_float.h"
+#include "math/wide_float.h"
 
 namespace qtzq {
 
@@ -19,4 +19,4 @@ QuarterTurns reduce_to_quarter_turn(double x);
 
 }  // namespace qtzq
 
-#endif  // QTZQ_PIXEL_ANGLE_REDUCTION_H
+#endif  // QTZQ_MATH_ANGLE_REDUCTION_H

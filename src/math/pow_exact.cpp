@@ -3,7 +3,7 @@
 // perfect (2^k)-th power R^(2^k), 2^k divides a, and (R 2^(a/2^k))^n = c.
 // All checks are on integers below 2^54; the square roots are exact when
 // they have to be.
-#include "pixel/pow_exact.h"
+#include "math/pow_exact.h"
 
 #include <cmath>
 #include <cstdint>

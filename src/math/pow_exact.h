@@ -1,8 +1,8 @@
 // The exact cases of a power: x^y can be a midpoint between two doubles
 // (41^10, or 208065^3 * 2^-54, lie exactly halfway), and there the rounding
 // must not depend on which side of the midpoint an approximation fell.
-#ifndef QTZQ_PIXEL_POW_EXACT_H
-#define QTZQ_PIXEL_POW_EXACT_H
+#ifndef QTZQ_MATH_POW_EXACT_H
+#define QTZQ_MATH_POW_EXACT_H
 
 namespace qtzq {
 
@@ -12,4 +12,4 @@ bool power_is_midpoint_above(double x, double y, double below);
 
 }  // namespace qtzq
 
-#endif  // QTZQ_PIXEL_POW_EXACT_H
+#endif  // QTZQ_MATH_POW_EXACT_H

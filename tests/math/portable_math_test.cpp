@@ -11,9 +11,9 @@
 #include <cstring>
 #include <limits>
 
-#include "pixel/double_samples.h"
-#include "pixel/portable_math.h"
-#include "pixel/wide_elementary.h"
+#include "math/double_samples.h"
+#include "math/portable_math.h"
+#include "math/wide_elementary.h"
 
 #if defined(QTZQ_HAVE_QUADMATH) && defined(__SIZEOF_FLOAT128__) && defined(__x86_64__)
 #define QTZQ_QUAD_REFERENCE 1

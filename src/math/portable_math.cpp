@@ -1,16 +1,16 @@
 // Special values and the final rounding of the portable functions; the
 // arithmetic itself is in wide_elementary.cpp and angle_reduction.cpp.
-#include "pixel/portable_math.h"
+#include "math/portable_math.h"
 
 #include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <limits>
 
-#include "pixel/angle_reduction.h"
-#include "pixel/pow_exact.h"
-#include "pixel/wide_elementary.h"
-#include "pixel/wide_float.h"
+#include "math/angle_reduction.h"
+#include "math/pow_exact.h"
+#include "math/wide_elementary.h"
+#include "math/wide_float.h"
 
 namespace qtzq {
 namespace {

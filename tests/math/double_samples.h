@@ -1,7 +1,7 @@
 // Reproducible doubles for the maths tests, the same on every CPU and
 // standard library (<random>'s distributions are not fixed by the standard).
-#ifndef QTZQ_TESTS_PIXEL_DOUBLE_SAMPLES_H
-#define QTZQ_TESTS_PIXEL_DOUBLE_SAMPLES_H
+#ifndef QTZQ_TESTS_MATH_DOUBLE_SAMPLES_H
+#define QTZQ_TESTS_MATH_DOUBLE_SAMPLES_H
 
 #include <cstdint>
 #include <cstring>
@@ -62,4 +62,4 @@ private:
 
 }  // namespace qtzq_test
 
-#endif  // QTZQ_TESTS_PIXEL_DOUBLE_SAMPLES_H
+#endif  // QTZQ_TESTS_MATH_DOUBLE_SAMPLES_H

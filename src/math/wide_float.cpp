@@ -1,7 +1,7 @@
 // WideFloat: sign, exponent and six 32-bit limbs, with the few operations
 // the elementary functions need. Pure integer arithmetic; the only
 // floating-point operation is the IEEE division that seeds the reciprocal.
-#include "pixel/wide_float.h"
+#include "math/wide_float.h"
 
 #include <cstring>
 #include <utility>
