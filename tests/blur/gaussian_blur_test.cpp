@@ -58,12 +58,9 @@ int uniform_value(const Bytes& image) {
     return image[0];
 }
 
-TEST(GaussianCoefficients, SigmaMappings) {
+TEST(GaussianCoefficients, FixedEntriesAndSteadyState) {
     EXPECT_NEAR(qtzq::blur_radius_to_sigma(0.0), 1.3 / 3.3290429691304455, 1e-15);  // 0.39
     EXPECT_DOUBLE_EQ(qtzq::brush_radius_to_sigma(2), 0.901159712351531);
-}
-
-TEST(GaussianCoefficients, FixedEntriesAndSteadyState) {
     for (double sigma : {0.4, 0.7, 2.0, 20.0, 80.0}) {
         const GaussianBlurFilterUtil b = filled(find_constants, sigma);
         EXPECT_TRUE(b.n[4] == 0 && b.m[0] == 0 && b.d[0] == 0 && b.bn[0] == 0 && b.bm[0] == 0);
@@ -80,22 +77,18 @@ TEST(GaussianCoefficients, FixedEntriesAndSteadyState) {
 TEST(GaussianCoefficients, FixedTablesAreTheBrushRadiiTwoAndTwelve) {
     // Listed to about six decimals; the radius-2 causal edge row is the
     // denominator with entry 3 positive instead.
-    const struct { Table table; int radius; } cases[] = {{find_constants_2, 2}, {find_constants_12, 12}};
-    for (const auto& c : cases) {
-        const GaussianBlurFilterUtil listed = filled(c.table, 123.0);
-        const GaussianBlurFilterUtil formula = filled(find_constants, qtzq::brush_radius_to_sigma(c.radius));
+    for (const auto& [table, radius] : {std::pair{find_constants_2, 2}, {find_constants_12, 12}}) {
+        const GaussianBlurFilterUtil listed = filled(table, 123.0);
+        const GaussianBlurFilterUtil formula = filled(find_constants, qtzq::brush_radius_to_sigma(radius));
         for (int i = 0; i < 5; ++i) {
-            EXPECT_NEAR(listed.n[i], formula.n[i], 1e-5);
-            EXPECT_NEAR(listed.m[i], formula.m[i], 1e-5);
-            EXPECT_NEAR(listed.d[i], formula.d[i], 1e-5);
-            EXPECT_EQ(listed.dAnti[i], listed.d[i]);
-            EXPECT_NEAR(listed.bm[i], formula.bm[i], 1e-5);
-            const double bn = c.radius == 2 ? (i == 3 ? -listed.d[i] : listed.d[i]) : formula.bn[i];
-            EXPECT_NEAR(listed.bn[i], bn, c.radius == 2 ? 0.0 : 1e-5) << i;
+            const double bn = radius == 2 ? (i == 3 ? -listed.d[i] : listed.d[i]) : formula.bn[i];
+            EXPECT_TRUE(std::fabs(listed.n[i] - formula.n[i]) < 1e-5 && std::fabs(listed.m[i] - formula.m[i]) < 1e-5 &&
+                        std::fabs(listed.d[i] - formula.d[i]) < 1e-5 && listed.dAnti[i] == listed.d[i] &&
+                        std::fabs(listed.bm[i] - formula.bm[i]) < 1e-5 &&
+                        std::fabs(listed.bn[i] - bn) <= (radius == 2 ? 0.0 : 1e-5))
+                << radius << " " << i;
         }
     }
-    EXPECT_EQ(filled(find_constants_2, 0).n[0], double(0.442699f));
-    EXPECT_EQ(filled(find_constants_12, 0).bm[4], double(0.07454f));
 }
 
 TEST(GaussianCoefficients, FindConstantsSkipsTinyRadii) {
@@ -106,7 +99,6 @@ TEST(GaussianCoefficients, FindConstantsSkipsTinyRadii) {
         util.FindConstants(tiny);
         EXPECT_TRUE(same_block(util, for_radius(6.5))) << tiny;
     }
-    EXPECT_EQ(util.DoubleToInt_IEEE(2.5) + util.DoubleToInt_IEEE(-2.6), 2 - 3);  // ties to even
 }
 
 TEST(GaussianBlur, NullBufferAndEmptySizes) {

@@ -71,28 +71,20 @@ TEST(SFCurve, ChannelsOutsideTheSlotsDoNothing) {
     EXPECT_EQ(applied(curve, Channel(9)), ramps());
 }
 
-TEST(SFCurve, SuperpositionOnIdentityEqualsDrawing) {
-    const std::vector<std::vector<_POINT>> lists = {
-        {{0, 0}, {83, 72}, {163, 184}, {255, 255}},
-        {{0, 0}, {128, 0}, {255, 255}},
-        {{40, 10}, {120, 200}, {220, 240}},
-    };
-    for (auto points : lists) {
-        SFCurve drawn, stacked;
-        drawn.GetCurveByPoints(points.data(), int(points.size()), CHANNEL_RGB);
-        stacked.GetCurveSuperpositionByPoints(points.data(), int(points.size()), CHANNEL_RGB);
-        EXPECT_EQ(applied(drawn, CHANNEL_RGB), applied(stacked, CHANNEL_RGB));
-    }
-}
-
-TEST(SFCurve, SuperpositionActsAfterTheSlot) {
+TEST(SFCurve, SuperpositionDrawsOnTopOfTheSlot) {
+    // On the identity it equals drawing; on a curve it acts after it.
+    std::vector<_POINT> points = {{0, 0}, {83, 72}, {163, 184}, {255, 255}};
     std::vector<_POINT> inverse = {{0, 255}, {255, 0}};
-    SFCurve stacked, single;
+    SFCurve drawn, stacked, twice;
+    drawn.GetCurveByPoints(points.data(), 4, CHANNEL_RGB);
+    stacked.GetCurveSuperpositionByPoints(points.data(), 4, CHANNEL_RGB);
+    EXPECT_EQ(applied(drawn, CHANNEL_RGB), applied(stacked, CHANNEL_RGB));
+    drawn.GetCurveByPoints(points.data(), 4, CHANNEL_BLUE);
     stacked.GetCurveByPoints(inverse.data(), 2, CHANNEL_BLUE);
-    stacked.GetCurveSuperpositionByPoints(inverse.data(), 2, CHANNEL_BLUE);
-    single.GetCurveByPoints(inverse.data(), 2, CHANNEL_BLUE);
-    EXPECT_EQ(applied(stacked, CHANNEL_BLUE),
-              applied(single, CHANNEL_BLUE, applied(single, CHANNEL_BLUE)));
+    twice.GetCurveByPoints(inverse.data(), 2, CHANNEL_BLUE);
+    twice.GetCurveSuperpositionByPoints(points.data(), 4, CHANNEL_BLUE);
+    EXPECT_EQ(applied(twice, CHANNEL_BLUE),
+              applied(drawn, CHANNEL_BLUE, applied(stacked, CHANNEL_BLUE)));
 }
 
 TEST(SFCurve, ResetReleaseAndEmptyImages) {
@@ -103,8 +95,8 @@ TEST(SFCurve, ResetReleaseAndEmptyImages) {
     curve.ApplyCurve(CHANNEL_RGB, image.data(), 256, -1);
     curve.ApplyCurve(CHANNEL_RGB, nullptr, 256, 1);
     EXPECT_EQ(image, ramps());
+    EXPECT_EQ(applied(curve, CHANNEL_RGB), applied(curve, CHANNEL_RGB));  // curves persist
     EXPECT_NE(applied(curve, CHANNEL_RGB), ramps());
-    EXPECT_NE(applied(curve, CHANNEL_RGB), ramps());  // curves persist
     curve.Reset();
     EXPECT_TRUE(all_identities(curve));
     // After Release every call is ignored; a second Release is harmless.

@@ -8,7 +8,6 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 
 #include "math/double_samples.h"
@@ -41,11 +40,11 @@ constexpr int kSamples = 10000;  // unoptimised (sanitizer) builds
 // are exact in quadruple precision.)
 #define ASSERT_AS_QUAD(ours, quad) ASSERT_EQ(bits_of(ours), bits_of(double(quad)))
 
-TEST(PortableMath, MatchesQuadPrecisionInTheLibrarysRanges) {
-    // Blur decays and angles, gamma tables (integer bases, exponents often
-    // widened from float), cubes of unit values.
+TEST(PortableMath, MatchesQuadPrecision) {
     qtzq_test::DoubleSamples s(11);
     for (int i = 0; i < kSamples; ++i) {
+        // The library's ranges: blur decays and angles, gamma tables (integer
+        // bases, exponents often widened from float), cubes of unit values.
         const double x = s.uniform(-40, 5), angle = s.uniform(0, 20), unit = s.uniform(0, 1);
         const double base = double(s.next_bits() % 256), wide_y = s.uniform(0.01, 10);
         const double y = i % 2 == 0 ? wide_y : double(float(wide_y));
@@ -54,21 +53,16 @@ TEST(PortableMath, MatchesQuadPrecisionInTheLibrarysRanges) {
         ASSERT_AS_QUAD(portable_cos(angle), cosq(angle)) << angle;
         ASSERT_AS_QUAD(portable_pow(base, y), powq(base, y)) << base << " ^ " << y;
         ASSERT_AS_QUAD(portable_pow(unit, 3.0), powq(unit, 3.0)) << unit;
-    }
-}
-
-TEST(PortableMath, MatchesQuadPrecisionOverTheWholeRange) {
-    // The whole exp range, angles of every magnitude (the reduction is
-    // exact), powers far from the library's, and the logarithm under pow.
-    qtzq_test::DoubleSamples s(12);
-    for (int i = 0; i < kSamples / 4; ++i) {
-        const double x = s.uniform(-746, 710), any = s.scaled(-1074, 1023);
-        const double angle = i % 2 == 0 ? any : -any;
-        const double base = s.scaled(-60, 60), y = s.uniform(-50, 50);
-        ASSERT_AS_QUAD(portable_exp(x), expq(x)) << x;
-        ASSERT_AS_QUAD(portable_sin(angle), sinq(angle)) << angle;
-        ASSERT_AS_QUAD(portable_cos(angle), cosq(angle)) << angle;
-        ASSERT_AS_QUAD(portable_pow(base, y), powq(base, y)) << base << " ^ " << y;
+        if (i % 4 != 0) continue;
+        // The whole exp range, angles of every magnitude (the reduction is
+        // exact), powers far from the library's, and the logarithm under pow.
+        const double any_x = s.uniform(-746, 710), any = s.scaled(-1074, 1023);
+        const double any_angle = i % 8 == 0 ? any : -any;
+        const double any_base = s.scaled(-60, 60), any_y = s.uniform(-50, 50);
+        ASSERT_AS_QUAD(portable_exp(any_x), expq(any_x)) << any_x;
+        ASSERT_AS_QUAD(portable_sin(any_angle), sinq(any_angle)) << any_angle;
+        ASSERT_AS_QUAD(portable_cos(any_angle), cosq(any_angle)) << any_angle;
+        ASSERT_AS_QUAD(portable_pow(any_base, any_y), powq(any_base, any_y)) << any_base << " ^ " << any_y;
         ASSERT_AS_QUAD(wide_to_double(wide_log(any)), logq(any)) << any;
     }
 }
@@ -103,31 +97,22 @@ TEST(PortableMath, PowersAgreeWithIEEEOperationsAndRoundTiesToEven) {
     EXPECT_EQ(bits_of(portable_pow(-pow2(-43), 25.0)), bits_of(-0.0));
 }
 
-// Bit patterns every CPU must reproduce: the decays and angles of the blur
-// coefficients (radii 1 and 4), the ends of the range, and the hardest
-// angle reduction among all doubles (cos = -4.687e-19).
+// Bit patterns every CPU must reproduce where the golden digests do not
+// reach: the ends of exp's range, and angle reductions of huge arguments
+// (the hardest among all doubles gives cos = -4.687e-19).
 TEST(PortableMath, PinnedResultsAreTheSameOnEveryCPU) {
     const struct {
         double (*f)(double);
         double x;
         std::uint64_t bits;
     } pinned[] = {
-        {portable_exp, -0x1.1eb46865637a5p+0, 0x3FD4E216582ABF68ull},
-        {portable_exp, -0x1.44c690808f743p+3, 0x3F0480B25153FF5Cull},
         {portable_exp, 0x1.62cp+9, 0x7FE81E9B4B52D0C9ull},
         {portable_exp, -0x1.748p+9, 0x0000000000000001ull},
-        {portable_sin, 0x1.d435e337b01cdp-1, 0x3FE95A0AD958B220ull},
-        {portable_sin, 0x1.71fb2cb86c831p+1, 0x3FCFCE53569B88E1ull},
-        {portable_cos, 0x1.965f127d9daebp-2, 0x3FED835A388B8CCFull},
         {portable_sin, 0x1.0f0cf064dd592p+73, 0xBFEB453AB76BF397ull},  // 1e22
         {portable_cos, 0x1.6ac5b262ca1ffp+849, 0xBC214AE72E6BA22Full},
         {portable_cos, 0x1.7e43c8800759cp+996, 0xBFE2699022ADC4C1ull},  // 1e300
     };
     for (const auto& p : pinned) EXPECT_EQ(bits_of(p.f(p.x)), p.bits) << p.x;
-    // Gamma tables for 2.2 and 0.45 (exponents widened from float).
-    EXPECT_EQ(bits_of(portable_pow(128, double(1 / 2.2f))), 0x40222624CB2035F1ull);
-    EXPECT_EQ(bits_of(portable_pow(255, double(1 / 2.2f))), 0x4028D387DD10EB47ull);
-    EXPECT_EQ(bits_of(portable_pow(200, double(1 / 0.45f))), 0x40FFB2D86DAC1A1Bull);
 }
 
 TEST(PortableMath, SpecialValuesFollowTheCStandard) {
@@ -154,28 +139,12 @@ TEST(PortableMath, SpecialValuesFollowTheCStandard) {
     const struct {
         double x, y, result;
     } cases[] = {
-        {0.0, 2.5, 0.0},
-        {-0.0, 3.0, -0.0},
-        {-0.0, 2.0, 0.0},
-        {-0.0, -1.0, -kInf},
-        {0.0, -0.5, kInf},
-        {0.0, -kInf, kInf},
-        {0.0, kInf, 0.0},
-        {-1.0, kInf, 1.0},
-        {-0.5, -kInf, kInf},
-        {-0.5, kInf, 0.0},
-        {2.0, -kInf, 0.0},
-        {-2.0, kInf, kInf},
-        {-kInf, -3.0, -0.0},
-        {-kInf, -2.0, 0.0},
-        {-kInf, 3.0, -kInf},
-        {-kInf, 2.5, kInf},
-        {kInf, -0.5, 0.0},
-        {-2.0, 3.0, -8.0},
-        {-2.0, -2.0, 0.25},
-        {-3.0, 1e300, kInf},
-        {-10.0, 309.0, -kInf},
-        {10.0, -400.0, 0.0},
+        {0.0, 2.5, 0.0},      {-0.0, 3.0, -0.0},     {-0.0, 2.0, 0.0},    {-0.0, -1.0, -kInf},
+        {0.0, -0.5, kInf},    {0.0, -kInf, kInf},    {0.0, kInf, 0.0},    {-1.0, kInf, 1.0},
+        {-0.5, -kInf, kInf},  {-0.5, kInf, 0.0},     {2.0, -kInf, 0.0},   {-2.0, kInf, kInf},
+        {-kInf, -3.0, -0.0},  {-kInf, -2.0, 0.0},    {-kInf, 3.0, -kInf}, {-kInf, 2.5, kInf},
+        {kInf, -0.5, 0.0},    {-2.0, 3.0, -8.0},     {-2.0, -2.0, 0.25},  {-3.0, 1e300, kInf},
+        {-10.0, 309.0, -kInf}, {10.0, -400.0, 0.0},
         {0x1.fffffffffffffp+1023, 1.0, 0x1.fffffffffffffp+1023},
     };
     for (const auto& c : cases)
@@ -185,15 +154,7 @@ TEST(PortableMath, SpecialValuesFollowTheCStandard) {
 // CSharp's kernel keeps the C library's expf; its arguments are the
 // integers -4..4, where expf must be (and is) the correctly rounded value.
 TEST(HostExpf, IsCorrectlyRoundedOnTheSharpeningKernelsIntegers) {
-    constexpr std::uint32_t kBits[] = {0x3C960AAE, 0x3D4BED86, 0x3E0A9555, 0x3EBC5AB2, 0x3F800000,
-                                       0x402DF854, 0x40EC7326, 0x41A0AF2E, 0x425A6481};
-    for (int k = -4; k <= 4; ++k) {
-        const float host = expf(float(k));
-        std::uint32_t bits;
-        std::memcpy(&bits, &host, sizeof bits);
-        EXPECT_EQ(bits, kBits[k + 4]) << k;
-        EXPECT_EQ(host, float(portable_exp(k))) << k;
-    }
+    for (int k = -4; k <= 4; ++k) EXPECT_EQ(expf(float(k)), float(portable_exp(k))) << k;
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// A one-row test image from a list of (blue, green, red) colours.
+// Small byte rows for the pixel tests: one-row images from colour lists and
+// copies of single pixels.
 #ifndef QTZQ_TESTS_PIXEL_COLOUR_ROWS_H
 #define QTZQ_TESTS_PIXEL_COLOUR_ROWS_H
 
@@ -17,6 +18,15 @@ inline Bytes colour_row(const std::vector<std::vector<int>>& colours, unsigned c
                                    static_cast<unsigned char>(c[2]), alpha});
     }
     return image;
+}
+
+// The `count` bytes from `p` on (one pixel by default).
+inline Bytes bytes_at(const unsigned char* p, int count = 4) { return Bytes(p, p + count); }
+
+// A pixel from ints, for comparing with bytes_at.
+inline Bytes px(int b, int g, int r, int a) {
+    return {static_cast<unsigned char>(b), static_cast<unsigned char>(g),
+            static_cast<unsigned char>(r), static_cast<unsigned char>(a)};
 }
 
 }  // namespace qtzq_test
