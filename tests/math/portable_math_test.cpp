@@ -62,7 +62,8 @@ TEST(PortableMath, MatchesQuadPrecision) {
         ASSERT_AS_QUAD(portable_exp(any_x), expq(any_x)) << any_x;
         ASSERT_AS_QUAD(portable_sin(any_angle), sinq(any_angle)) << any_angle;
         ASSERT_AS_QUAD(portable_cos(any_angle), cosq(any_angle)) << any_angle;
-        ASSERT_AS_QUAD(portable_pow(any_base, any_y), powq(any_base, any_y)) << any_base << " ^ " << any_y;
+        ASSERT_AS_QUAD(portable_pow(any_base, any_y), powq(any_base, any_y))
+            << any_base << " ^ " << any_y;
         ASSERT_AS_QUAD(wide_to_double(wide_log(any)), logq(any)) << any;
     }
 }

@@ -135,8 +135,8 @@ TEST(BlendMixing, OpacityZeroKeepsTheBaseOpacityOneGivesTheEffect) {
     };
     for (const Mode& mode :
          {with(NormalEx, 0.0), with(ImageNormalEx, 0.0), with(overlay_pixel, 0.0),
-          with(overlay_colour, 0.0), with(SoftLightEx, 0.0), with(ColorBurnEx, 0.0), with(ColorEx, 0.0), with(ColorHSBEx, 0.0),
-          with(MultipleEx, 0.0), with(HardlightEx, 0.0), with(ScreenEx, 0.0), with(pin2, 0.0)})
+          with(overlay_colour, 0.0), with(SoftLightEx, 0.0), with(ColorBurnEx, 0.0),
+          with(ColorEx, 0.0), with(ColorHSBEx, 0.0), with(MultipleEx, 0.0), with(HardlightEx, 0.0), with(ScreenEx, 0.0), with(pin2, 0.0)})
         EXPECT_EQ(channel_table(mode), base);
     EXPECT_EQ(channel_table(with(NormalEx, 1.0)), table_of([](int, int b) { return b; }));
     EXPECT_EQ(channel_table(with(overlay_colour, 0.6000000238418579)),
@@ -208,7 +208,8 @@ TEST(BlendHardLight, HalfVariantAveragesAndBlueIgnoresOpacity) {
 // A grey blend has saturation 0: the rebuilt colour is the base's lightness
 // (HSL form 2) or brightness (HSB).
 TEST(BlendColour, GreyBlendTakesTheBaseLightness) {
-    const Bytes hsl = run_pairs(with(ColorEx, 1.0), spread_base, [](int, int) { return (unsigned char)60; });
+    const auto grey = [](int, int) -> unsigned char { return 60; };
+    const Bytes hsl = run_pairs(with(ColorEx, 1.0), spread_base, grey);
     for (int i = 0; i < 65536; i += 256) {
         const unsigned char* p = &hsl[4 * i];
         const int a = i >> 8, top = std::max({a, 255 - a, a ^ 0x5A});

@@ -70,7 +70,8 @@ TEST(LinearSpaces, KnownColoursAndRoundTripBounds) {
 
 TEST(ByteHsl, GreysCarryHue170InBothForms) {
     for (int v = 0; v < 256; ++v)
-        for (ByteConversion to_hsl : {RGBtoHSL, RGBtoHSL2}) ASSERT_EQ(convert(to_hsl, v, v, v), (Triple{170, 0, v}));
+        for (ByteConversion to_hsl : {RGBtoHSL, RGBtoHSL2})
+            ASSERT_EQ(convert(to_hsl, v, v, v), (Triple{170, 0, v}));
 }
 
 // Form 1's + 1 makes a full saturation of 255 wrap to 0.
