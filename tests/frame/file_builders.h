@@ -3,6 +3,7 @@
 #ifndef QTZQ_TESTS_FRAME_FILE_BUILDERS_H
 #define QTZQ_TESTS_FRAME_FILE_BUILDERS_H
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -13,24 +14,21 @@ namespace qtzq_test {
 
 using FileBytes = std::vector<unsigned char>;
 
+// The first `length` bytes of a file in a heap block of exactly that size.
+inline FileBytes prefix(const FileBytes& file, std::size_t length) {
+    return FileBytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length));
+}
+
 // Writes little-endian fields at fixed offsets, growing the file with zero
 // bytes as needed.
 class FieldWriter {
 public:
     explicit FieldWriter(std::size_t size = 0) : bytes_(size, 0) {}
 
-    FieldWriter& i32(std::size_t offset, std::int32_t value) {
-        std::uint32_t bits;
-        std::memcpy(&bits, &value, sizeof bits);
-        return u32(offset, bits);
-    }
-    FieldWriter& f32(std::size_t offset, float value) {
-        std::uint32_t bits;
-        std::memcpy(&bits, &value, sizeof bits);
-        return u32(offset, bits);
-    }
+    FieldWriter& i32(std::size_t offset, std::int32_t value) { return u32(offset, &value); }
+    FieldWriter& f32(std::size_t offset, float value) { return u32(offset, &value); }
     FieldWriter& raw(std::size_t offset, const void* data, std::size_t count) {
-        grow(offset + count);
+        if (bytes_.size() < offset + count) bytes_.resize(offset + count, 0);
         if (count > 0) std::memcpy(bytes_.data() + offset, data, count);
         return *this;
     }
@@ -43,14 +41,14 @@ public:
     const FileBytes& bytes() const { return bytes_; }
 
 private:
-    FieldWriter& u32(std::size_t offset, std::uint32_t bits) {
+    // The four bytes of a 32-bit value, lowest first.
+    FieldWriter& u32(std::size_t offset, const void* value) {
+        std::uint32_t bits;
+        std::memcpy(&bits, value, sizeof bits);
         const unsigned char le[4] = {
             static_cast<unsigned char>(bits), static_cast<unsigned char>(bits >> 8),
             static_cast<unsigned char>(bits >> 16), static_cast<unsigned char>(bits >> 24)};
         return raw(offset, le, sizeof le);
-    }
-    void grow(std::size_t size) {
-        if (bytes_.size() < size) bytes_.resize(size, 0);
     }
 
     FileBytes bytes_;
@@ -82,6 +80,7 @@ public:
         file_.u8(at, 1).i32(at + 8, length).raw(at + 12, data.data(), data.size());
         return *this;
     }
+    // Slot k carries k + 1 bytes of seed + k.
     FrameFile& eight_present(unsigned char seed = 1) {
         for (int slot = 0; slot < 8; ++slot)
             present(FileBytes(slot + 1, static_cast<unsigned char>(seed + slot)));
@@ -108,22 +107,12 @@ struct FreeCell {
         base_x = x, base_y = y, width = w, height = h;
         return *this;
     }
-    FreeCell& shift_x(int least, int greatest) {
-        least_shift_x = least, greatest_shift_x = greatest;
-        return *this;
+    FreeCell& shift_x(int lo, int hi) { return least_shift_x = lo, greatest_shift_x = hi, *this; }
+    FreeCell& shift_y(int lo, int hi) { return least_shift_y = lo, greatest_shift_y = hi, *this; }
+    FreeCell& rotation(int lo, int hi) {
+        return least_rotation = lo, greatest_rotation = hi, *this;
     }
-    FreeCell& shift_y(int least, int greatest) {
-        least_shift_y = least, greatest_shift_y = greatest;
-        return *this;
-    }
-    FreeCell& rotation(int least, int greatest) {
-        least_rotation = least, greatest_rotation = greatest;
-        return *this;
-    }
-    FreeCell& scale(float least, float greatest) {
-        least_scale = least, greatest_scale = greatest;
-        return *this;
-    }
+    FreeCell& scale(float lo, float hi) { return least_scale = lo, greatest_scale = hi, *this; }
 };
 
 // What both collage files start with: a five-byte magic at 12 and a cell
@@ -154,7 +143,7 @@ private:
     bool has_count_ = false;
 };
 
-// A "MZYPT" free collage layout file.
+// A "MZYPT" free collage layout file: 56-byte records after the header.
 class FreePuzzleFile : public CollageFile<FreePuzzleFile> {
 public:
     FreePuzzleFile() : CollageFile("MZYPT") {}
@@ -167,17 +156,14 @@ public:
     FileBytes bytes() const {
         FieldWriter file(56 + 56 * cells_.size());
         write_header(file, cells_.size());
-        for (std::size_t i = 0; i < cells_.size(); ++i) {
-            const FreeCell& c = cells_[i];
-            const std::size_t at = 56 + 56 * i;
-            file.i32(at, c.base_x)
-                .i32(at + 4, c.base_y)
-                .i32(at + 8, c.width)
-                .i32(at + 12, c.height);
-            file.i32(at + 16, c.least_shift_x).i32(at + 20, c.greatest_shift_x);
-            file.i32(at + 24, c.least_shift_y).i32(at + 28, c.greatest_shift_y);
-            file.i32(at + 32, c.least_rotation).i32(at + 36, c.greatest_rotation);
+        std::size_t at = 56;
+        for (const FreeCell& c : cells_) {
+            const int fields[10] = {c.base_x, c.base_y, c.width, c.height,
+                                    c.least_shift_x, c.greatest_shift_x, c.least_shift_y,
+                                    c.greatest_shift_y, c.least_rotation, c.greatest_rotation};
+            for (int f = 0; f < 10; ++f) file.i32(at + 4 * f, fields[f]);
             file.f32(at + 40, c.least_scale).f32(at + 44, c.greatest_scale);
+            at += 56;
         }
         return file.bytes();
     }
@@ -209,10 +195,10 @@ public:
         FieldWriter file(56 + 16 * cells_.size());
         write_header(file, cells_.size());
         file.i32(40, width_).i32(44, height_);
-        for (std::size_t i = 0; i < cells_.size(); ++i) {
-            const std::size_t at = 56 + 16 * i;
-            file.i32(at, cells_[i].x).i32(at + 4, cells_[i].y);
-            file.i32(at + 8, cells_[i].width).i32(at + 12, cells_[i].height);
+        std::size_t at = 56;
+        for (const Rect& r : cells_) {
+            file.i32(at, r.x).i32(at + 4, r.y).i32(at + 8, r.width).i32(at + 12, r.height);
+            at += 16;
         }
         return file.bytes();
     }

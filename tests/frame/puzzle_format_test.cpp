@@ -24,23 +24,14 @@ PuzzleFormatFile three_cells() {
 
 TEST(PuzzleFormat, ReadsCountSizeAndCells) {
     cpuzzleformat format;
-    FileBytes file = three_cells().bytes();
-    ASSERT_EQ(format.ReadPuzzleFormatFile(file.data(), int(file.size())), 1);
+    const FileBytes file = three_cells().bytes();
+    ASSERT_EQ(read(format, file), 1);
     EXPECT_EQ(format.GetPuzzleFormatCount(), 3);
     EXPECT_EQ(format.GetPuzzleResultSize().width, 600);
     EXPECT_EQ(format.GetPuzzleResultSize().height, 800);
     // Cell 2 is the record at offset 88.
     ASSERT_EQ(file[88], 9);
     EXPECT_EQ(format.GetPuzzleRectWithIndex(2), (_tagCGRect{9, 10, 11, 12}));
-}
-
-TEST(PuzzleFormat, WrongLastMagicByteLeavesTheTableIntact) {
-    cpuzzleformat format;
-    read(format, three_cells().bytes());
-    EXPECT_EQ(read(format, PuzzleFormatFile().magic("ZQPTN").result_size(1, 1).bytes()), 0);
-    EXPECT_EQ(format.GetPuzzleFormatCount(), 3);
-    EXPECT_EQ(format.GetPuzzleResultSize().width, 600);
-    EXPECT_EQ(format.GetPuzzleRectWithIndex(0), (_tagCGRect{1, 2, 3, 4}));
 }
 
 TEST(PuzzleFormat, CountZeroOrLessKeepsTheCells) {
@@ -54,9 +45,10 @@ TEST(PuzzleFormat, CountZeroOrLessKeepsTheCells) {
     }
 }
 
-TEST(PuzzleFormat, MoreThanNineCellsOrTooFewBytesAreRefused) {
+TEST(PuzzleFormat, WrongMagicTenCellsOrTooFewBytesAreRefused) {
     cpuzzleformat format;
     read(format, three_cells().bytes());
+    EXPECT_EQ(read(format, PuzzleFormatFile().magic("ZQPTN").result_size(1, 1).bytes()), 0);
     PuzzleFormatFile ten;
     for (int i = 0; i < 10; ++i) ten.cell({i, i, i, i});
     EXPECT_EQ(read(format, ten.bytes()), 0);
@@ -64,6 +56,8 @@ TEST(PuzzleFormat, MoreThanNineCellsOrTooFewBytesAreRefused) {
     short_cells.pop_back();
     EXPECT_EQ(read(format, short_cells), 0);
     EXPECT_EQ(format.GetPuzzleFormatCount(), 3);
+    EXPECT_EQ(format.GetPuzzleResultSize().width, 600);
+    EXPECT_EQ(format.GetPuzzleRectWithIndex(0), (_tagCGRect{1, 2, 3, 4}));
 }
 
 TEST(PuzzleFormat, SetAndGetOnlyTouchTheNineCells) {
