@@ -31,7 +31,7 @@ TEST(SpeechBubble, ShortFilesAreNotReadAndStillAnswer383) {
     FileBytes file = BubbleFile().box(1, 2, 3, 4).color(5, 6, 7, 8).bytes();
     csbubble bubble;
     bubble.ReadFrameFile(file.data(), int(file.size()));
-    const FileBytes other = BubbleFile().box(9, 9, 9, 9).color(9, 9, 9, 9).bytes();
+    FileBytes other = BubbleFile().box(9, 9, 9, 9).color(9, 9, 9, 9).bytes();
     for (std::size_t length = 0; length < other.size(); ++length) {
         FileBytes bytes = qtzq_test::prefix(other, length);
         ASSERT_EQ(bubble.ReadFrameFile(bytes.data(), int(length)), 383);
