@@ -30,7 +30,8 @@ FreeCell fixed_cell(int x, int y, int width, int height) {
 TEST(FreePuzzleRandom, EveryCallReseedsAndTakesTheFirstDraw) {
     cfreepuzzle puzzle;
     EXPECT_EQ(puzzle.AverageRandom(0.5f, 0.5f), 0.5f);
-    EXPECT_EQ(std::rand(), first_draw());  // equal bounds: reseeded, nothing drawn
+    const int next = std::rand();
+    EXPECT_EQ(next, first_draw());  // equal bounds: reseeded, nothing drawn
     // 0.29f * 100 is 29 in single precision (28.99... in double).
     EXPECT_EQ(puzzle.AverageRandom(0.29f, 0.29f), 29 / 100.0f);
 
