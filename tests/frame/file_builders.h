@@ -19,55 +19,38 @@ inline FileBytes prefix(const FileBytes& file, std::size_t length) {
     return FileBytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length));
 }
 
-// Writes little-endian fields at fixed offsets, growing the file with zero
-// bytes as needed.
-class FieldWriter {
-public:
-    explicit FieldWriter(std::size_t size = 0) : bytes_(size, 0) {}
+// Writes `count` bytes at `offset`, growing the file with zero bytes as needed.
+inline void put(FileBytes& file, std::size_t offset, const void* data, std::size_t count) {
+    if (file.size() < offset + count) file.resize(offset + count, 0);
+    if (count > 0) std::memcpy(file.data() + offset, data, count);
+}
 
-    FieldWriter& i32(std::size_t offset, std::int32_t value) { return u32(offset, &value); }
-    FieldWriter& f32(std::size_t offset, float value) { return u32(offset, &value); }
-    FieldWriter& raw(std::size_t offset, const void* data, std::size_t count) {
-        if (bytes_.size() < offset + count) bytes_.resize(offset + count, 0);
-        if (count > 0) std::memcpy(bytes_.data() + offset, data, count);
-        return *this;
-    }
-    FieldWriter& text(std::size_t offset, const std::string& s) {
-        return raw(offset, s.data(), s.size());
-    }
-    FieldWriter& u8(std::size_t offset, unsigned char value) { return raw(offset, &value, 1); }
-
-    std::size_t size() const { return bytes_.size(); }
-    const FileBytes& bytes() const { return bytes_; }
-
-private:
-    // The four bytes of a 32-bit value, lowest first.
-    FieldWriter& u32(std::size_t offset, const void* value) {
-        std::uint32_t bits;
-        std::memcpy(&bits, value, sizeof bits);
-        const unsigned char le[4] = {
-            static_cast<unsigned char>(bits), static_cast<unsigned char>(bits >> 8),
-            static_cast<unsigned char>(bits >> 16), static_cast<unsigned char>(bits >> 24)};
-        return raw(offset, le, sizeof le);
-    }
-
-    FileBytes bytes_;
-};
+// A 32-bit integer or float, lowest byte first.
+template <typename T>
+void put32(FileBytes& file, std::size_t offset, T value) {
+    static_assert(sizeof(T) == 4, "a 32-bit field");
+    std::uint32_t bits;
+    std::memcpy(&bits, &value, sizeof bits);
+    const unsigned char le[4] = {
+        static_cast<unsigned char>(bits), static_cast<unsigned char>(bits >> 8),
+        static_cast<unsigned char>(bits >> 16), static_cast<unsigned char>(bits >> 24)};
+    put(file, offset, le, sizeof le);
+}
 
 // A frame file: an 80-byte header with the corner insets, then one record
 // per slot, appended in slot order.
 class FrameFile {
 public:
-    FrameFile() : file_(80) {}
+    FrameFile() : file_(80, 0) {}
 
     FrameFile& inset(int corner, int x, int y) {
-        file_.i32(44 + 8 * corner, x).i32(48 + 8 * corner, y);
+        put32(file_, 44 + 8 * corner, x);
+        put32(file_, 48 + 8 * corner, y);
         return *this;
     }
     // An empty record: the flag byte and three spare bytes.
     FrameFile& empty(unsigned char flag = 0) {
-        const std::size_t at = file_.size();
-        file_.u8(at, flag).u8(at + 3, 0);
+        file_.insert(file_.end(), {flag, 0, 0, 0});
         return *this;
     }
     // A present record carrying `data`.
@@ -77,7 +60,10 @@ public:
     // A present record whose length field says `length` whatever it carries.
     FrameFile& present_declaring(std::int32_t length, const FileBytes& data) {
         const std::size_t at = file_.size();
-        file_.u8(at, 1).i32(at + 8, length).raw(at + 12, data.data(), data.size());
+        file_.resize(at + 12, 0);
+        file_[at] = 1;
+        put32(file_, at + 8, length);
+        file_.insert(file_.end(), data.begin(), data.end());
         return *this;
     }
     // Slot k carries k + 1 bytes of seed + k.
@@ -88,10 +74,10 @@ public:
     }
 
     std::size_t size() const { return file_.size(); }
-    FileBytes bytes() const { return file_.bytes(); }
+    FileBytes bytes() const { return file_; }
 
 private:
-    FieldWriter file_;
+    FileBytes file_;
 };
 
 // A cell record of a "MZYPT" layout file: nominal cell, ranges of shift,
@@ -133,8 +119,9 @@ public:
 protected:
     explicit CollageFile(std::string magic) : magic_(std::move(magic)) {}
 
-    void write_header(FieldWriter& file, std::size_t cells) const {
-        file.text(12, magic_).i32(36, has_count_ ? count_ : static_cast<std::int32_t>(cells));
+    void write_header(FileBytes& file, std::size_t cells) const {
+        put(file, 12, magic_.data(), magic_.size());
+        put32(file, 36, has_count_ ? count_ : static_cast<std::int32_t>(cells));
     }
 
 private:
@@ -154,18 +141,19 @@ public:
     }
 
     FileBytes bytes() const {
-        FieldWriter file(56 + 56 * cells_.size());
+        FileBytes file(56 + 56 * cells_.size(), 0);
         write_header(file, cells_.size());
         std::size_t at = 56;
         for (const FreeCell& c : cells_) {
             const int fields[10] = {c.base_x, c.base_y, c.width, c.height,
                                     c.least_shift_x, c.greatest_shift_x, c.least_shift_y,
                                     c.greatest_shift_y, c.least_rotation, c.greatest_rotation};
-            for (int f = 0; f < 10; ++f) file.i32(at + 4 * f, fields[f]);
-            file.f32(at + 40, c.least_scale).f32(at + 44, c.greatest_scale);
+            for (int f = 0; f < 10; ++f) put32(file, at + 4 * f, fields[f]);
+            put32(file, at + 40, c.least_scale);
+            put32(file, at + 44, c.greatest_scale);
             at += 56;
         }
-        return file.bytes();
+        return file;
     }
 
 private:
@@ -192,15 +180,15 @@ public:
     }
 
     FileBytes bytes() const {
-        FieldWriter file(56 + 16 * cells_.size());
+        FileBytes file(56 + 16 * cells_.size(), 0);
         write_header(file, cells_.size());
-        file.i32(40, width_).i32(44, height_);
-        std::size_t at = 56;
-        for (const Rect& r : cells_) {
-            file.i32(at, r.x).i32(at + 4, r.y).i32(at + 8, r.width).i32(at + 12, r.height);
-            at += 16;
+        put32(file, 40, width_);
+        put32(file, 44, height_);
+        for (std::size_t i = 0; i < cells_.size(); ++i) {
+            const int fields[4] = {cells_[i].x, cells_[i].y, cells_[i].width, cells_[i].height};
+            for (int f = 0; f < 4; ++f) put32(file, 56 + 16 * i + 4 * f, fields[f]);
         }
-        return file.bytes();
+        return file;
     }
 
 private:
@@ -212,17 +200,20 @@ private:
 class BubbleFile {
 public:
     BubbleFile& box(int left, int top, int right, int bottom) {
-        file_.i32(187, left).i32(191, top).i32(211, right).i32(215, bottom);
+        put32(file_, 187, left);
+        put32(file_, 191, top);
+        put32(file_, 211, right);
+        put32(file_, 215, bottom);
         return *this;
     }
     BubbleFile& color(unsigned char b0, unsigned char b1, unsigned char b2, unsigned char b3) {
-        file_.u8(220, b0).u8(221, b1).u8(222, b2).u8(223, b3);
+        file_[220] = b0, file_[221] = b1, file_[222] = b2, file_[223] = b3;
         return *this;
     }
-    FileBytes bytes() const { return file_.bytes(); }
+    FileBytes bytes() const { return file_; }
 
 private:
-    FieldWriter file_{224};
+    FileBytes file_ = FileBytes(224, 0);
 };
 
 }  // namespace qtzq_test

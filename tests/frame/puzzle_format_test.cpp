@@ -34,17 +34,6 @@ TEST(PuzzleFormat, ReadsCountSizeAndCells) {
     EXPECT_EQ(format.GetPuzzleRectWithIndex(2), (_tagCGRect{9, 10, 11, 12}));
 }
 
-TEST(PuzzleFormat, CountZeroOrLessKeepsTheCells) {
-    for (int count : {0, -4}) {
-        cpuzzleformat format;
-        read(format, three_cells().bytes());
-        EXPECT_EQ(read(format, PuzzleFormatFile().count(count).result_size(30, 40).bytes()), 1);
-        EXPECT_EQ(format.GetPuzzleFormatCount(), count);
-        EXPECT_EQ(format.GetPuzzleResultSize().height, 40);
-        EXPECT_EQ(format.GetPuzzleRectWithIndex(1), (_tagCGRect{5, 6, 7, 8}));
-    }
-}
-
 TEST(PuzzleFormat, WrongMagicTenCellsOrTooFewBytesAreRefused) {
     cpuzzleformat format;
     read(format, three_cells().bytes());
