@@ -9,18 +9,6 @@ using qtzq_test::Bytes;
 
 namespace {
 
-TEST(ColorMixing, LightThenMatrixSaturation) {
-    const Bytes photo = qtzq_test::noise(13, 7, 21);
-    Qtzqeffect facade;
-    for (int saturation : {0, -100, 35}) {
-        Bytes mixed = photo, steps = photo;
-        EXPECT_EQ(facade.ColorMixing(mixed.data(), 13, 7, 20, -30, saturation), 1);
-        Light(steps.data(), 13, 7, 20, -30);
-        Saturateconst(steps.data(), 13, 7, long(saturation));
-        EXPECT_EQ(mixed, steps);
-    }
-}
-
 TEST(ColorMixing, NeutralSettingsKeepThePhotoAndNullIsRefused) {
     const Bytes photo = qtzq_test::noise(5, 3, 22);
     Bytes image = photo;

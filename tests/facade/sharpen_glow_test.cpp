@@ -19,44 +19,13 @@ Bytes taken(unsigned char* owned, std::size_t size) {  // copies and frees a ret
     return Bytes(owned, owned + size);
 }
 
-TEST(FacadeSharpen, NullBuffers) {
-    Qtzqeffect effects;
-    Bytes image = noise(4, 4);
-    EXPECT_EQ(effects.SharpInit(nullptr, 4, 4), nullptr);
-    EXPECT_EQ(effects.SharpProcess(nullptr, image.data(), 4, 4, 1.0f), 0);
-    EXPECT_EQ(effects.SharpProcess(image.data(), nullptr, 4, 4, 1.0f), 0);
-    EXPECT_EQ(image, noise(4, 4));
-}
-
-TEST(FacadeSharpen, InitIsTheRadiusOneBlurAndProcessTheCombination) {
-    const int w = 19, h = 13;
-    Bytes image = noise(w, h, 3);
-    Qtzqeffect effects;
-    const Bytes blurred = taken(effects.SharpInit(image.data(), w, h), image.size());
-    Bytes expected_blur = image;  // alpha: the photo's
-    CSharp reference;
-    reference.GetBlur(image.data(), expected_blur.data(), w, h, 1, 7, false);
-    EXPECT_EQ(blurred, expected_blur);
-
-    Bytes sharpened = image, expected = image;
-    EXPECT_EQ(effects.SharpProcess(sharpened.data(), const_cast<unsigned char*>(blurred.data()),
-                                   w, h, 0.7f), 1);
-    reference.SharpProcess(expected.data(), expected_blur.data(), w, h, 0.7f);
-    EXPECT_EQ(sharpened, expected);
-    EXPECT_NE(sharpened, image);
-}
-
-TEST(FacadeSoftGlow, InitIsABlurredCopy) {
-    Bytes image = noise(15, 11, 4), expected = image;
-    Qtzqeffect effects;
-    EXPECT_EQ(effects.WeakInit(nullptr, 15, 11, 5), nullptr);
-    GaussianBlurFilterUtil().CreateBlurEffect(expected.data(), 15, 11, 4, 5.0, 5.0);
-    EXPECT_EQ(taken(effects.WeakInit(image.data(), 15, 11, 5), image.size()), expected);
-}
-
-TEST(FacadeSoftGlow, ProcessNullEmptyAndZeroWeight) {
+TEST(FacadeSharpenAndGlow, NullBuffersAndEmptyImages) {
     Qtzqeffect effects;
     Bytes a = noise(3, 3), b = noise(3, 3, 2), weight = solid(3, 3, 255, 255, 0, 255);
+    EXPECT_EQ(effects.SharpInit(nullptr, 3, 3), nullptr);
+    EXPECT_EQ(effects.WeakInit(nullptr, 3, 3, 5), nullptr);
+    EXPECT_EQ(effects.SharpProcess(nullptr, a.data(), 3, 3, 1.0f), 0);
+    EXPECT_EQ(effects.SharpProcess(a.data(), nullptr, 3, 3, 1.0f), 0);
     EXPECT_EQ(effects.WeakProcess(nullptr, b.data(), weight.data(), 3, 3), 0);
     EXPECT_EQ(effects.WeakProcess(a.data(), nullptr, weight.data(), 3, 3), 0);
     EXPECT_EQ(effects.WeakProcess(a.data(), b.data(), nullptr, 3, 3), 0);
@@ -64,6 +33,31 @@ TEST(FacadeSoftGlow, ProcessNullEmptyAndZeroWeight) {
     // Only the red byte of a weight pixel is read; 0 keeps the photo.
     EXPECT_EQ(effects.WeakProcess(a.data(), b.data(), weight.data(), 3, 3), 1);
     EXPECT_EQ(a, noise(3, 3));
+}
+
+// Both first steps return a new blurred copy with the photo's alpha and leave
+// the photo alone; a flat image is its own blur and is not sharpened.
+TEST(FacadeSharpenAndGlow, InitReturnsABlurredCopy) {
+    const int w = 19, h = 13;
+    const Bytes photo = noise(w, h, 3), flat = solid(w, h, 10, 20, 30, 40);
+    Qtzqeffect effects;
+    for (int glow = 0; glow < 2; ++glow) {
+        SCOPED_TRACE(glow ? "WeakInit" : "SharpInit");
+        const auto init = [&](Bytes& image) {
+            return taken(glow ? effects.WeakInit(image.data(), w, h, 5)
+                              : effects.SharpInit(image.data(), w, h),
+                         image.size());
+        };
+        Bytes image = photo, flat_image = flat;
+        const Bytes blurred = init(image);
+        EXPECT_EQ(image, photo);
+        EXPECT_NE(blurred, photo);
+        for (std::size_t i = 3; i < photo.size(); i += 4) ASSERT_EQ(blurred[i], photo[i]);
+        EXPECT_EQ(init(flat_image), flat);
+    }
+    Bytes image = flat, blur = flat;
+    EXPECT_EQ(effects.SharpProcess(image.data(), blur.data(), w, h, 0.7f), 1);
+    EXPECT_EQ(image, flat);
 }
 
 TEST(FacadeSoftGlow, FullWeightKeepsATraceOfThePhoto) {

@@ -3,6 +3,7 @@
 #ifndef QTZQ_TESTS_FRAME_FILE_BUILDERS_H
 #define QTZQ_TESTS_FRAME_FILE_BUILDERS_H
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -13,63 +14,43 @@ namespace qtzq_test {
 
 using FileBytes = std::vector<unsigned char>;
 
-// Writes little-endian fields at fixed offsets, growing the file with zero
-// bytes as needed.
-class FieldWriter {
-public:
-    explicit FieldWriter(std::size_t size = 0) : bytes_(size, 0) {}
+// The first `length` bytes of a file in a heap block of exactly that size.
+inline FileBytes prefix(const FileBytes& file, std::size_t length) {
+    return FileBytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length));
+}
 
-    FieldWriter& i32(std::size_t offset, std::int32_t value) {
-        std::uint32_t bits;
-        std::memcpy(&bits, &value, sizeof bits);
-        return u32(offset, bits);
-    }
-    FieldWriter& f32(std::size_t offset, float value) {
-        std::uint32_t bits;
-        std::memcpy(&bits, &value, sizeof bits);
-        return u32(offset, bits);
-    }
-    FieldWriter& raw(std::size_t offset, const void* data, std::size_t count) {
-        grow(offset + count);
-        if (count > 0) std::memcpy(bytes_.data() + offset, data, count);
-        return *this;
-    }
-    FieldWriter& text(std::size_t offset, const std::string& s) {
-        return raw(offset, s.data(), s.size());
-    }
-    FieldWriter& u8(std::size_t offset, unsigned char value) { return raw(offset, &value, 1); }
+// Writes `count` bytes at `offset`, growing the file with zero bytes as needed.
+inline void put(FileBytes& file, std::size_t offset, const void* data, std::size_t count) {
+    if (file.size() < offset + count) file.resize(offset + count, 0);
+    if (count > 0) std::memcpy(file.data() + offset, data, count);
+}
 
-    std::size_t size() const { return bytes_.size(); }
-    const FileBytes& bytes() const { return bytes_; }
-
-private:
-    FieldWriter& u32(std::size_t offset, std::uint32_t bits) {
-        const unsigned char le[4] = {
-            static_cast<unsigned char>(bits), static_cast<unsigned char>(bits >> 8),
-            static_cast<unsigned char>(bits >> 16), static_cast<unsigned char>(bits >> 24)};
-        return raw(offset, le, sizeof le);
-    }
-    void grow(std::size_t size) {
-        if (bytes_.size() < size) bytes_.resize(size, 0);
-    }
-
-    FileBytes bytes_;
-};
+// A 32-bit integer or float, lowest byte first.
+template <typename T>
+void put32(FileBytes& file, std::size_t offset, T value) {
+    static_assert(sizeof(T) == 4, "a 32-bit field");
+    std::uint32_t bits;
+    std::memcpy(&bits, &value, sizeof bits);
+    const unsigned char le[4] = {
+        static_cast<unsigned char>(bits), static_cast<unsigned char>(bits >> 8),
+        static_cast<unsigned char>(bits >> 16), static_cast<unsigned char>(bits >> 24)};
+    put(file, offset, le, sizeof le);
+}
 
 // A frame file: an 80-byte header with the corner insets, then one record
 // per slot, appended in slot order.
 class FrameFile {
 public:
-    FrameFile() : file_(80) {}
+    FrameFile() : file_(80, 0) {}
 
     FrameFile& inset(int corner, int x, int y) {
-        file_.i32(44 + 8 * corner, x).i32(48 + 8 * corner, y);
+        put32(file_, 44 + 8 * corner, x);
+        put32(file_, 48 + 8 * corner, y);
         return *this;
     }
     // An empty record: the flag byte and three spare bytes.
     FrameFile& empty(unsigned char flag = 0) {
-        const std::size_t at = file_.size();
-        file_.u8(at, flag).u8(at + 3, 0);
+        file_.insert(file_.end(), {flag, 0, 0, 0});
         return *this;
     }
     // A present record carrying `data`.
@@ -79,9 +60,13 @@ public:
     // A present record whose length field says `length` whatever it carries.
     FrameFile& present_declaring(std::int32_t length, const FileBytes& data) {
         const std::size_t at = file_.size();
-        file_.u8(at, 1).i32(at + 8, length).raw(at + 12, data.data(), data.size());
+        file_.resize(at + 12, 0);
+        file_[at] = 1;
+        put32(file_, at + 8, length);
+        file_.insert(file_.end(), data.begin(), data.end());
         return *this;
     }
+    // Slot k carries k + 1 bytes of seed + k.
     FrameFile& eight_present(unsigned char seed = 1) {
         for (int slot = 0; slot < 8; ++slot)
             present(FileBytes(slot + 1, static_cast<unsigned char>(seed + slot)));
@@ -89,10 +74,10 @@ public:
     }
 
     std::size_t size() const { return file_.size(); }
-    FileBytes bytes() const { return file_.bytes(); }
+    FileBytes bytes() const { return file_; }
 
 private:
-    FieldWriter file_;
+    FileBytes file_;
 };
 
 // A cell record of a "MZYPT" layout file: nominal cell, ranges of shift,
@@ -108,22 +93,12 @@ struct FreeCell {
         base_x = x, base_y = y, width = w, height = h;
         return *this;
     }
-    FreeCell& shift_x(int least, int greatest) {
-        least_shift_x = least, greatest_shift_x = greatest;
-        return *this;
+    FreeCell& shift_x(int lo, int hi) { return least_shift_x = lo, greatest_shift_x = hi, *this; }
+    FreeCell& shift_y(int lo, int hi) { return least_shift_y = lo, greatest_shift_y = hi, *this; }
+    FreeCell& rotation(int lo, int hi) {
+        return least_rotation = lo, greatest_rotation = hi, *this;
     }
-    FreeCell& shift_y(int least, int greatest) {
-        least_shift_y = least, greatest_shift_y = greatest;
-        return *this;
-    }
-    FreeCell& rotation(int least, int greatest) {
-        least_rotation = least, greatest_rotation = greatest;
-        return *this;
-    }
-    FreeCell& scale(float least, float greatest) {
-        least_scale = least, greatest_scale = greatest;
-        return *this;
-    }
+    FreeCell& scale(float lo, float hi) { return least_scale = lo, greatest_scale = hi, *this; }
 };
 
 // What both collage files start with: a five-byte magic at 12 and a cell
@@ -144,8 +119,9 @@ public:
 protected:
     explicit CollageFile(std::string magic) : magic_(std::move(magic)) {}
 
-    void write_header(FieldWriter& file, std::size_t cells) const {
-        file.text(12, magic_).i32(36, has_count_ ? count_ : static_cast<std::int32_t>(cells));
+    void write_header(FileBytes& file, std::size_t cells) const {
+        put(file, 12, magic_.data(), magic_.size());
+        put32(file, 36, has_count_ ? count_ : static_cast<std::int32_t>(cells));
     }
 
 private:
@@ -154,7 +130,7 @@ private:
     bool has_count_ = false;
 };
 
-// A "MZYPT" free collage layout file.
+// A "MZYPT" free collage layout file: 56-byte records after the header.
 class FreePuzzleFile : public CollageFile<FreePuzzleFile> {
 public:
     FreePuzzleFile() : CollageFile("MZYPT") {}
@@ -165,21 +141,19 @@ public:
     }
 
     FileBytes bytes() const {
-        FieldWriter file(56 + 56 * cells_.size());
+        FileBytes file(56 + 56 * cells_.size(), 0);
         write_header(file, cells_.size());
-        for (std::size_t i = 0; i < cells_.size(); ++i) {
-            const FreeCell& c = cells_[i];
-            const std::size_t at = 56 + 56 * i;
-            file.i32(at, c.base_x)
-                .i32(at + 4, c.base_y)
-                .i32(at + 8, c.width)
-                .i32(at + 12, c.height);
-            file.i32(at + 16, c.least_shift_x).i32(at + 20, c.greatest_shift_x);
-            file.i32(at + 24, c.least_shift_y).i32(at + 28, c.greatest_shift_y);
-            file.i32(at + 32, c.least_rotation).i32(at + 36, c.greatest_rotation);
-            file.f32(at + 40, c.least_scale).f32(at + 44, c.greatest_scale);
+        std::size_t at = 56;
+        for (const FreeCell& c : cells_) {
+            const int fields[10] = {c.base_x, c.base_y, c.width, c.height,
+                                    c.least_shift_x, c.greatest_shift_x, c.least_shift_y,
+                                    c.greatest_shift_y, c.least_rotation, c.greatest_rotation};
+            for (int f = 0; f < 10; ++f) put32(file, at + 4 * f, fields[f]);
+            put32(file, at + 40, c.least_scale);
+            put32(file, at + 44, c.greatest_scale);
+            at += 56;
         }
-        return file.bytes();
+        return file;
     }
 
 private:
@@ -206,15 +180,15 @@ public:
     }
 
     FileBytes bytes() const {
-        FieldWriter file(56 + 16 * cells_.size());
+        FileBytes file(56 + 16 * cells_.size(), 0);
         write_header(file, cells_.size());
-        file.i32(40, width_).i32(44, height_);
+        put32(file, 40, width_);
+        put32(file, 44, height_);
         for (std::size_t i = 0; i < cells_.size(); ++i) {
-            const std::size_t at = 56 + 16 * i;
-            file.i32(at, cells_[i].x).i32(at + 4, cells_[i].y);
-            file.i32(at + 8, cells_[i].width).i32(at + 12, cells_[i].height);
+            const int fields[4] = {cells_[i].x, cells_[i].y, cells_[i].width, cells_[i].height};
+            for (int f = 0; f < 4; ++f) put32(file, 56 + 16 * i + 4 * f, fields[f]);
         }
-        return file.bytes();
+        return file;
     }
 
 private:
@@ -226,17 +200,20 @@ private:
 class BubbleFile {
 public:
     BubbleFile& box(int left, int top, int right, int bottom) {
-        file_.i32(187, left).i32(191, top).i32(211, right).i32(215, bottom);
+        put32(file_, 187, left);
+        put32(file_, 191, top);
+        put32(file_, 211, right);
+        put32(file_, 215, bottom);
         return *this;
     }
     BubbleFile& color(unsigned char b0, unsigned char b1, unsigned char b2, unsigned char b3) {
-        file_.u8(220, b0).u8(221, b1).u8(222, b2).u8(223, b3);
+        file_[220] = b0, file_[221] = b1, file_[222] = b2, file_[223] = b3;
         return *this;
     }
-    FileBytes bytes() const { return file_.bytes(); }
+    FileBytes bytes() const { return file_; }
 
 private:
-    FieldWriter file_{224};
+    FileBytes file_ = FileBytes(224, 0);
 };
 
 }  // namespace qtzq_test

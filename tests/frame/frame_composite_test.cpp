@@ -20,11 +20,10 @@ constexpr int kMin = -kMax - 1;
 // Role r is painted in an opaque colour with blue byte 10 * r + 5.
 Bytes role_colour(int role) { return {static_cast<unsigned char>(10 * role + 5), 100, 200, 255}; }
 
+// Corners are 3 x 3 but for the bottom-left one's height; the top and bottom
+// edges are top_w x top_h, the left and right ones left_w x left_h.
 struct PieceSizes {
-    int corner_w = 3, corner_h = 3;
-    int bottom_left_h = 3;
-    int top_w = 2, top_h = 3;    // top and bottom edges
-    int left_w = 3, left_h = 2;  // left and right edges
+    int top_w = 2, top_h = 3, left_w = 3, left_h = 2, bottom_left_h = 3;
 };
 
 // A frame whose corner insets are all `inset` and whose eight pieces are
@@ -35,16 +34,11 @@ void load_frame(cframe& frame, const PieceSizes& s, int inset, bool present = tr
     for (int slot = 0; slot < 8; ++slot) present ? file.present({1}) : file.empty();
     Bytes bytes = file.bytes();
     frame.ReadFrameFile(bytes.data(), int(bytes.size()));
-    const int widths[8] = {s.corner_w, s.corner_w, s.corner_w, s.corner_w,
-                           s.top_w,    s.top_w,    s.left_w,   s.left_w};
-    const int heights[8] = {s.corner_h, s.bottom_left_h, s.corner_h, s.corner_h,
-                            s.top_h,    s.top_h,         s.left_h,   s.left_h};
+    const int widths[8] = {3, 3, 3, 3, s.top_w, s.top_w, s.left_w, s.left_w};
+    const int heights[8] = {3, s.bottom_left_h, 3, 3, s.top_h, s.top_h, s.left_h, s.left_h};
     for (int slot = 0; slot < 8; ++slot) {
-        Bytes pixels;
-        for (int i = 0; i < widths[slot] * heights[slot]; ++i) {
-            const Bytes c = role_colour(slot);
-            pixels.insert(pixels.end(), c.begin(), c.end());
-        }
+        const Bytes c = role_colour(slot);
+        Bytes pixels = qtzq_test::solid(widths[slot], heights[slot], c[0], c[1], c[2]);
         frame.SetFrameImageData(slot, pixels.data(), widths[slot], heights[slot]);
     }
 }
@@ -101,59 +95,41 @@ std::vector<std::string> operator+(std::vector<std::string> a, const std::vector
     return a;
 }
 
-TEST(FrameComposite, SpansThatAreWholeMultiplesKeepTheWholePhoto) {
-    cframe frame;
-    load_frame(frame, PieceSizes(), 1);
-    const Composite c = composite(frame, 12, 10);
-    ASSERT_NE(c.image, nullptr);
-    // The photo sits at (2, 2); corners and edges cover its outer pixels.
-    expect_map(c,
-               rows(3, "aaa" + std::string(10, 'e') + "ccc") +
-                   rows(8, "ggg" + std::string(10, 'p') + "hhh") +
-                   rows(3, "bbb" + std::string(10, 'f') + "ddd"),
-               -2, -2);
-}
-
-TEST(FrameComposite, RemaindersCropThePhotoHalfOnEachSide) {
-    cframe frame;
-    PieceSizes sizes;
-    sizes.top_w = 4;   // span 13 - 2 = 11: two tiles, remainder 3
-    sizes.left_h = 4;  // span 12 - 2 = 10: two tiles, remainder 2
-    load_frame(frame, sizes, 1);
-    const Composite c = composite(frame, 13, 12);
-    // Cropped by 3 / 2 = 1 column and 2 / 2 = 1 row from the top-left.
-    expect_map(c,
-               rows(3, "aaa" + std::string(8, 'e') + "ccc") +
-                   rows(8, "ggg" + std::string(8, 'p') + "hhh") +
-                   rows(3, "bbb" + std::string(8, 'f') + "ddd"),
-               -1, -1);
-}
-
-TEST(FrameComposite, BottomEdgeFollowsTheBottomLeftCornerHeight) {
-    cframe frame;
-    PieceSizes sizes;
-    sizes.bottom_left_h = 4;
-    load_frame(frame, sizes, 1);
-    const Composite c = composite(frame, 12, 10);
-    // The 3-high bottom edge starts at 15 - 4 = 11, leaving the last row
-    // white, and the bottom-right corner keeps its own height.
-    expect_map(c,
-               rows(3, "aaa" + std::string(10, 'e') + "ccc") +
-                   rows(8, "ggg" + std::string(10, 'p') + "hhh") +
-                   rows(1, "bbb" + std::string(10, 'f') + "pww") +
-                   rows(2, "bbb" + std::string(10, 'f') + "ddd") +
-                   rows(1, "bbb" + std::string(10, 'w') + "ddd"),
-               -2, -2);
-}
-
-TEST(FrameComposite, WithoutPresentPiecesThePhotoSitsOnWhite) {
-    cframe frame;
-    load_frame(frame, PieceSizes(), 1, /*present=*/false);
-    const Composite c = composite(frame, 12, 10);
-    expect_map(c,
-               rows(2, std::string(16, 'w')) + rows(10, "ww" + std::string(12, 'p') + "ww") +
-                   rows(2, std::string(16, 'w')),
-               -2, -2);
+TEST(FrameComposite, PiecesAroundTheCroppedPhoto) {
+    const std::string e8(8, 'e'), f8(8, 'f'), p8(8, 'p'), f10(10, 'f'), w10(10, 'w');
+    const auto top_and_middle = rows(3, "aaa" + std::string(10, 'e') + "ccc") +
+                                rows(8, "ggg" + std::string(10, 'p') + "hhh");
+    struct Case {
+        const char* what;
+        PieceSizes sizes;
+        bool present;
+        int photo_w, photo_h, offset;  // pixel (x, y) shows photo pixel (x - offset, y - offset)
+        std::vector<std::string> map;
+    } cases[] = {
+        // The photo sits at (2, 2); corners and edges cover its outer pixels.
+        {"spans of whole tiles keep the whole photo", {}, true, 12, 10, 2,
+         top_and_middle + rows(3, "bbb" + f10 + "ddd")},
+        // Spans 11 and 10 leave remainders 3 and 2: cropped by 3 / 2 = 1
+        // column and 2 / 2 = 1 row from the top-left.
+        {"remainders crop half on each side", PieceSizes{4, 3, 3, 4}, true, 13, 12, 1,
+         rows(3, "aaa" + e8 + "ccc") + rows(8, "ggg" + p8 + "hhh") + rows(3, "bbb" + f8 + "ddd")},
+        // The 3-high bottom edge starts at 15 - 4 = 11, leaving the last row
+        // white, and the bottom-right corner keeps its own height.
+        {"bottom edge follows the bottom-left corner", PieceSizes{2, 3, 3, 2, 4}, true, 12, 10, 2,
+         top_and_middle + rows(1, "bbb" + f10 + "pww") + rows(2, "bbb" + f10 + "ddd") +
+             rows(1, "bbb" + w10 + "ddd")},
+        {"without present pieces the photo sits on white", {}, false, 12, 10, 2,
+         rows(2, std::string(16, 'w')) + rows(10, "ww" + std::string(12, 'p') + "ww") +
+             rows(2, std::string(16, 'w'))},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        cframe frame;
+        load_frame(frame, c.sizes, 1, c.present);
+        const Composite composed = composite(frame, c.photo_w, c.photo_h);
+        ASSERT_NE(composed.image, nullptr);
+        expect_map(composed, c.map, -c.offset, -c.offset);
+    }
 }
 
 TEST(FrameComposite, UndecodedPiecesGiveThePhotoAsItIs) {
@@ -169,8 +145,7 @@ TEST(FrameComposite, UndecodedPiecesGiveThePhotoAsItIs) {
 int composite_width(cframe& frame, float scale) { return composite(frame, 10, 10, scale).width; }
 
 TEST(FrameComposite, ScaleChangesTheInsetsForGood) {
-    PieceSizes unit_edges;
-    unit_edges.top_w = unit_edges.top_h = unit_edges.left_w = unit_edges.left_h = 1;
+    const PieceSizes unit_edges{1, 1, 1, 1};
     cframe frame;
     load_frame(frame, unit_edges, 1);
     EXPECT_EQ(composite_width(frame, 1.0f), 10 + 6 - 2);

@@ -14,14 +14,10 @@ namespace {
 
 using qtzq_test::FileBytes;
 using qtzq_test::FrameFile;
+using qtzq_test::prefix;
 
 constexpr int kMax = std::numeric_limits<int>::max();
 constexpr int kMin = std::numeric_limits<int>::min();
-
-// The first `length` bytes of a file in a heap block of exactly that size.
-FileBytes prefix(const FileBytes& file, std::size_t length) {
-    return FileBytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length));
-}
 
 // Gives every slot holding a block a 2 x 3 piece and composites a photo.
 void decode_and_composite(cframe& frame) {
@@ -89,17 +85,6 @@ TEST(MalformedFiles, CollageFilesTruncatedAnywhereAreRefusedWhole) {
         cpuzzleformat format;
         ASSERT_EQ(format.ReadPuzzleFormatFile(bytes.data(), int(length)), 0) << length;
         ASSERT_EQ(format.GetPuzzleFormatCount(), 0) << length;
-    }
-}
-
-TEST(MalformedFiles, BubbleFileTruncatedAnywhereIsNotRead) {
-    const FileBytes file = qtzq_test::BubbleFile().box(1, 2, 3, 4).color(5, 6, 7, 8).bytes();
-    for (std::size_t length = 0; length < file.size(); ++length) {
-        FileBytes bytes = prefix(file, length);
-        csbubble bubble;
-        ASSERT_EQ(bubble.ReadFrameFile(bytes.data(), int(length)), 383);
-        ASSERT_EQ(bubble.GetTextDrawRect().x, 0) << length;
-        ASSERT_EQ(bubble.GetTextColorWithIndex(0), 0) << length;
     }
 }
 

@@ -1,12 +1,15 @@
-// The four curve presets: worked examples and whole-image invariants.
+// The four curve presets' worked examples (the golden digests pin every
+// channel pair), and style presets on images without pixels.
 #include <gtest/gtest.h>
 
-#include <qtzqeffect/styles.h>
+#include <utility>
 
-#include "styles/curve_store.h"
+#include <qtzqeffect/qtzqeffect.h>
+
 #include "support/images.h"
 
 using qtzq_test::Bytes;
+using qtzq_test::noise;
 
 namespace {
 
@@ -31,40 +34,17 @@ TEST(CurvePresets, WorkedExamples) {
     EXPECT_EQ(run(StyleGray, pixel(10, 20, 30, 0), 1, 1), pixel(21, 21, 21, 0));    // 2190 / 100
 }
 
-TEST(CurvePresets, CurvePresetsMapEachChannelThroughItsOwnStoreCurve) {
-    struct Case {
-        void (*preset)(unsigned char*, int, int);
-        int red, green, blue;
-    };
-    const Case cases[] = {{StyleFilm, 1, 2, 3}, {StyleJapanese, 7, 8, 9}};
-    for (const Case& c : cases) {
-        // Blue runs up the ramp, green down it, red at a third of the way
-        // round, so that each channel meets every value once.
-        Bytes image(256 * 4);
-        for (int i = 0; i < 256; ++i) {
-            image[4 * i] = static_cast<unsigned char>(i);
-            image[4 * i + 1] = static_cast<unsigned char>(255 - i);
-            image[4 * i + 2] = static_cast<unsigned char>((i + 85) & 255);
-            image[4 * i + 3] = static_cast<unsigned char>(i ^ 0x5a);
-        }
-        const Bytes out = run(c.preset, image, 16, 16);
-        for (int i = 0; i < 256; ++i) {
-            ASSERT_EQ(out[4 * i], qtzq::store_curve(c.blue)[image[4 * i]]);
-            ASSERT_EQ(out[4 * i + 1], qtzq::store_curve(c.green)[image[4 * i + 1]]);
-            ASSERT_EQ(out[4 * i + 2], qtzq::store_curve(c.red)[image[4 * i + 2]]);
-            ASSERT_EQ(out[4 * i + 3], image[4 * i + 3]);
-        }
+TEST(StylePresets, ImagesWithoutPixelsAreLeftAsTheyAre) {
+    const Bytes photo = noise(4, 4), m1 = noise(4, 4, 2);
+    Bytes image = photo, material = m1, tables(196618, 1);
+    for (const auto& [w, h] : {std::pair{0, 0}, std::pair{4, 0}, std::pair{0, 4}, std::pair{-3, 4}}) {
+        for (auto preset : {StyleFilm, StyleJapanese, StyleXiaoQingXin, StyleGray})
+            preset(image.data(), w, h);
+        StyleMilk(image.data(), material.data(), material.data(), material.data(), w, h);
+        StyleRouguang(image.data(), material.data(), w, h, tables.data());
     }
-}
-
-TEST(CurvePresets, EmptyImagesAreLeftAsTheyAre) {
-    for (auto preset : {StyleFilm, StyleJapanese, StyleXiaoQingXin, StyleGray}) {
-        const Bytes image = qtzq_test::noise(4, 4);
-        EXPECT_EQ(run(preset, image, 0, 0), image);
-        EXPECT_EQ(run(preset, image, 4, 0), image);
-        EXPECT_EQ(run(preset, image, 0, 4), image);
-        EXPECT_EQ(run(preset, image, -3, 4), image);
-    }
+    EXPECT_EQ(image, photo);
+    EXPECT_EQ(material, m1);
 }
 
 }  // namespace
