@@ -1,10 +1,15 @@
-// The tool's parts: argument parsing, the catalogue, scaling and the
-// bitmap font.
+// The tool's own parts: argument parsing, parallel runs, the bitmap font,
+// the contact sheet and the gallery page.
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+
 #include "args.h"
 #include "bitmap_font.h"
-#include "catalogue.h"
-#include "resample.h"
-#include "tool_harness.h"
+#include "contact_sheet.h"
+#include "html_index.h"
+#include "parallel.h"
+#include "tools/tool_harness.h"
 
 namespace qtzq_tool_test {
 namespace {
@@ -20,76 +25,57 @@ TEST(Args, LongShortInlineRepeatedAndPositional) {
     EXPECT_EQ(args.value("output"), "out.png");
     EXPECT_EQ(args.values("material"), (std::vector<std::string>{"x", "y"}));
     EXPECT_TRUE(args.has("quiet"));
-    EXPECT_THROW(parse_args({"--bogus"}, options), UsageError);
-    EXPECT_THROW(parse_args({"-o"}, options), UsageError);
-    EXPECT_THROW(parse_args({"-o", "a", "-o", "b"}, options), UsageError);
-    EXPECT_THROW(parse_args({"--quiet=yes"}, options), UsageError);
-    const ParsedArgs numbers = parse_args({"--output", "12x"}, options);
-    EXPECT_THROW(numbers.int_value("output", 0, 0, 100), UsageError);
+    for (const std::vector<std::string>& wrong :
+         {std::vector<std::string>{"--bogus"}, {"-o"}, {"-o", "a", "-o", "b"}, {"--quiet=yes"}})
+        EXPECT_THROW(parse_args(wrong, options), UsageError) << wrong[0];
+    EXPECT_THROW(parse_args({"--output", "12x"}, options).int_value("output", 0, 0, 100), UsageError);
 }
 
-TEST(Catalogue, EveryFacadeIdOnceWithItsOverload) {
-    const std::vector<std::pair<Overload, std::vector<int>>> tables = {
-        {Overload::Image, {1019, 1020, 1021, 1022, 1023, 1027, 1028, 1033, 1034, 1035, 1039, 1040, 1101}},
-        {Overload::OneMaterial, {1026, 1030, 1042, 1043, 1044, 1045, 1046, 1047, 1102, 1104}},
-        {Overload::TwoMaterials, {1018, 1041}},
-        {Overload::ThreeMaterials, {1048}},
-        {Overload::Tables, {1031, 1032, 1038}},
-    };
-    std::size_t total = 0;
-    for (const auto& [overload, ids] : tables) {
-        total += ids.size();
-        for (const int id : ids) {
-            const EffectInfo* info = find_effect(std::to_string(id));
-            ASSERT_NE(info, nullptr) << id;
-            EXPECT_EQ(info->overload, overload) << id;
-            EXPECT_EQ(int(info->materials.size()), material_count(overload)) << id;
-            EXPECT_EQ(info->table_modes.size(), needs_tables(overload) ? 3u : 0u) << id;
-        }
+TEST(Parallel, EveryTaskRunsExactlyOnce) {
+    for (const unsigned jobs : {1u, 2u, 5u, 64u}) {
+        std::vector<std::atomic<int>> runs(37);
+        run_parallel(runs.size(), jobs, [&](std::size_t i) { ++runs[i]; });
+        for (const auto& count : runs) EXPECT_EQ(count.load(), 1) << jobs;
     }
-    EXPECT_EQ(catalogue().size(), total);
-    for (const int id : {1017, 1024, 1025, 1029, 1036, 1037, 1049, 1100, 1103, 1105})
-        EXPECT_EQ(find_effect(std::to_string(id)), nullptr) << id;
-    EXPECT_EQ(find_effect("old-photo")->id, 1026);
-    EXPECT_EQ(find_effect("Lomo_HDR")->id, 1035);
-    EXPECT_EQ(find_effect(""), nullptr);
-}
-
-TEST(Resample, BilinearKeepsConstantsAndTheSameSize) {
-    const BgraImage image = sample_photo(5, 4);
-    EXPECT_EQ(scale_bilinear(image, 5, 4).pixels, image.pixels);
-    BgraImage flat(3, 3);
-    for (auto& byte : flat.pixels) byte = 77;
-    for (const auto byte : scale_bilinear(flat, 11, 2).pixels) EXPECT_EQ(byte, 77);
-}
-
-TEST(Resample, AreaShrinkAveragesEachBlock) {
-    BgraImage image(4, 2);
-    for (int x = 0; x < 4; ++x)
-        for (int y = 0; y < 2; ++y) image.at(x, y)[0] = static_cast<unsigned char>(x < 2 ? 10 * (x + y) : 200);
-    const BgraImage small = scale_area(image, 2, 1);
-    EXPECT_EQ(small.at(0, 0)[0], 10);  // (0 + 10 + 10 + 20) / 4
-    EXPECT_EQ(small.at(1, 0)[0], 200);
-    int w = 0, h = 0;
-    fit_size(400, 100, 80, 80, w, h);
-    EXPECT_EQ(w, 80);
-    EXPECT_EQ(h, 20);
+    run_parallel(0, 4, [](std::size_t) { FAIL(); });
 }
 
 TEST(BitmapFont, GlyphsMeasureAndClip) {
     // '1': a vertical stroke in the middle column, 7 rows high.
     for (int row = 0; row < 7; ++row) EXPECT_TRUE(glyph_pixel('1', 2, row));
     EXPECT_FALSE(glyph_pixel('1', 2, 7));
-    EXPECT_FALSE(glyph_pixel(' ', 2, 3));
     EXPECT_TRUE(glyph_pixel('g', 1, 7));  // descender
-    EXPECT_EQ(text_width("abc", 1), 17);
     EXPECT_EQ(text_width("abc", 2), 34);
     EXPECT_EQ(fit_text("abcdefghij", text_width("abcdef", 1), 1), "abc...");
     BgraImage image(4, 4);
     draw_text(image, -3, -3, "W", {255, 0, 0}, 2);  // clipped, must not write outside
-    std::size_t red = 0;
-    for (std::size_t i = 0; i < image.pixels.size(); i += 4) red += image.pixels[i + 2] == 255;
-    EXPECT_GT(red, 0u);
+    EXPECT_NE(std::count(image.pixels.begin(), image.pixels.end(), 255), 0);
+}
+
+TEST(ContactSheet, GridOfThumbnailsWithLabelsUnderATitle) {
+    const BgraImage photo = opaque(sample_photo(40, 20));
+    std::vector<SheetEntry> entries(7, SheetEntry{&photo, "1020 StyleFilm", "film", false});
+    SheetLayout layout;
+    layout.thumb_width = 30;
+    layout.columns = 3;
+    const BgraImage sheet = make_contact_sheet("title", entries, layout);
+    // 3 columns of 30 with 12-pixel gaps and margins; 3 rows of a 15-pixel
+    // thumbnail and a 24-pixel label, under a 16 + 12 pixel title.
+    EXPECT_EQ(sheet.width, 12 + 3 * 30 + 2 * 12 + 12);
+    EXPECT_EQ(sheet.height, 12 + 28 + 3 * (15 + 24) + 2 * 12 + 12);
+    // The thumbnail of entry 4 (row 1, column 1) is the photo shrunk 4:3.
+    const BgraImage thumb = make_contact_sheet("", {entries[0]}, layout);
+    EXPECT_EQ(std::memcmp(sheet.at(12 + 42, 12 + 28 + 39 + 12), thumb.at(12, 12 + 28), 4 * 30), 0);
+}
+
+TEST(HtmlIndex, EscapesEveryTextAndLinksEveryImage) {
+    EXPECT_EQ(html_escape("a<b>&\"c'"), "a&lt;b&gt;&amp;&quot;c&#39;");
+    const std::string html = make_index_html(
+        "t<1>", "sheet.png",
+        {{"1044 StyleLomoNight", "night", "1044.png", "note & more", {{"material 1", "m/1.png"}}}});
+    for (const char* part : {"<title>t&lt;1&gt;</title>", "<img src=\"1044.png\"", "note &amp; more",
+                             "<a href=\"m/1.png\">material 1</a>", "href=\"sheet.png\""})
+        EXPECT_NE(html.find(part), std::string::npos) << part;
 }
 
 }  // namespace
