@@ -1,5 +1,5 @@
-// Helpers of the application library's tests (and the tool's, which build
-// on them): sample images and a fresh folder per test for files.
+// Helpers of the application library's tests (and of the tool's, which
+// build on them): sample images and a fresh folder per test for files.
 #ifndef QTZQ_TESTS_APP_APP_TEST_H
 #define QTZQ_TESTS_APP_APP_TEST_H
 
@@ -18,23 +18,18 @@ namespace qtzq_app_test {
 using qtzq_app::BgraImage;
 namespace fs = std::filesystem;
 
-// A deterministic photo-like image with every alpha value present.
-inline BgraImage sample_photo(int width, int height, unsigned seed = 1) {
+// A deterministic photo-like image with every alpha value present, or
+// with every alpha byte 255.
+inline BgraImage sample_photo(int width, int height, unsigned seed = 1, bool opaque = false) {
     BgraImage image(width, height);
     image.pixels = qtzq_test::noise(width, height, seed);
-    return image;
-}
-
-// The same image with every alpha byte 255.
-inline BgraImage opaque(BgraImage image) {
-    for (std::size_t i = 3; i < image.pixels.size(); i += 4) image.pixels[i] = 255;
+    for (std::size_t i = 3; opaque && i < image.pixels.size(); i += 4) image.pixels[i] = 255;
     return image;
 }
 
 inline std::string slurp(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
     std::stringstream text;
-    text << in.rdbuf();
+    text << std::ifstream(path, std::ios::binary).rdbuf();
     return text.str();
 }
 
@@ -42,11 +37,9 @@ inline std::string slurp(const fs::path& path) {
 // `root` (the suite's work folder).
 class FolderTest : public ::testing::Test {
 protected:
-    explicit FolderTest(const char* root) : root_(root) {}
-
-    void SetUp() override {
+    explicit FolderTest(const char* root) {
         const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-        dir_ = fs::path(root_) / (std::string(info->test_suite_name()) + "." + info->name());
+        dir_ = fs::path(root) / (std::string(info->test_suite_name()) + "." + info->name());
         fs::remove_all(dir_);
         fs::create_directories(dir_);
     }
@@ -65,11 +58,6 @@ protected:
         return image;
     }
 
-    void save_text(const std::string& name, const std::string& text) const {
-        std::ofstream(dir_ / name, std::ios::binary) << text;
-    }
-
-    const char* root_;
     fs::path dir_;
 };
 

@@ -16,15 +16,9 @@ using namespace qtzq_app_test;
 
 struct RunResult {
     int status = -1;
-    std::string out;
     std::string err;
+    std::string out;
 };
-
-inline std::string shell_quote(const std::string& word) {
-    std::string quoted = "'";
-    for (const char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return quoted + "'";
-}
 
 class ToolTest : public FolderTest {
 protected:
@@ -33,19 +27,14 @@ protected:
     // Runs `qtzq ARGS...` with stdin from /dev/null; stdout and stderr are
     // captured.
     RunResult run(const std::vector<std::string>& args) const {
-        std::string command = shell_quote(QTZQ_TOOL_PATH);
-        for (const auto& arg : args) command += " " + shell_quote(arg);
-        const fs::path out = dir_ / "stdout.txt", err = dir_ / "stderr.txt";
-        command += " </dev/null >" + shell_quote(out.string()) + " 2>" + shell_quote(err.string());
+        std::string command = quote(QTZQ_TOOL_PATH);
+        for (const auto& arg : args) command += " " + quote(arg);
+        command += " </dev/null >" + quote(path("stdout.txt")) + " 2>" + quote(path("stderr.txt"));
         const int raw = std::system(command.c_str());
-        RunResult result;
-        result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-        result.out = slurp(out);
-        result.err = slurp(err);
-        return result;
+        return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, slurp(path("stderr.txt")),
+                slurp(path("stdout.txt"))};
     }
 
-    // Runs the tool and fails the test unless it succeeds.
     void run_ok(const std::vector<std::string>& args) const {
         const RunResult result = run(args);
         ASSERT_EQ(result.status, 0) << args[0] << ": " << result.err;
@@ -54,6 +43,16 @@ protected:
     std::vector<unsigned char> load_bytes(const std::string& name) const {
         const std::string text = slurp(path(name));
         return std::vector<unsigned char>(text.begin(), text.end());
+    }
+
+    void save_text(const std::string& name, const std::string& text) const {
+        std::ofstream(path(name), std::ios::binary) << text;
+    }
+
+    static std::string quote(const std::string& word) {
+        std::string quoted = "'";
+        for (const char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+        return quoted + "'";
     }
 };
 
