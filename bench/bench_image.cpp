@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "image_file.h"
-#include "resample.h"
-#include "test_scene.h"
+#include "qtzq_app/image_file.h"
+#include "qtzq_app/resample.h"
+#include "qtzq_app/test_scene.h"
 
 namespace qtzq_bench {
 namespace {
@@ -41,13 +41,13 @@ BenchImage make_bench_image() {
     BenchImage bench;
     BgraImage photo;
     std::string error;
-    if (qtzq_cli::read_image(path, photo, error)) {
-        bench.image = qtzq_cli::scale_bilinear(photo, width, height);
+    if (qtzq_app::read_image(path, photo, error)) {
+        bench.image = qtzq_app::scale_bilinear(photo, width, height);
         bench.origin = file_name(path) + " scaled from " + std::to_string(photo.width) + " x " +
                        std::to_string(photo.height);
     } else {
         if (chosen != nullptr) std::fprintf(stderr, "qtzq-bench: %s\n", error.c_str());
-        bench.image = qtzq_tools::make_test_scene(width, height);
+        bench.image = qtzq_app::make_test_scene(width, height);
         bench.origin = "generated test scene";
     }
     return bench;

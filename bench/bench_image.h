@@ -8,11 +8,11 @@
 #include <cstddef>
 #include <string>
 
-#include "png_io.h"
+#include "qtzq_app/png_io.h"
 
 namespace qtzq_bench {
 
-using qtzq_tools::BgraImage;
+using qtzq_app::BgraImage;
 
 struct BenchImage {
     BgraImage image;

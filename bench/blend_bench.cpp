@@ -6,9 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "qtzq_app/blend_modes.h"
+#include "qtzq_app/materials.h"
+
 #include "bench_image.h"
-#include "blend_modes.h"
-#include "materials.h"
 #include "suites.h"
 #include "timed_pass.h"
 
@@ -29,7 +30,7 @@ struct BlendCase {
 // level, both taken from the layer pixel.
 std::vector<BlendCase> blend_cases() {
     std::vector<BlendCase> cases;
-    for (const qtzq_cli::BlendMode* mode : qtzq_cli::all_blend_modes())
+    for (const qtzq_app::BlendMode* mode : qtzq_app::all_blend_modes())
         cases.push_back({mode->function, mode->apply});
     cases.push_back({"ImageNormalEx", ImageNormalEx});
     cases.push_back({"OverlayEx_colour", [](unsigned char* b, unsigned char* l, double o) {
@@ -42,8 +43,8 @@ std::vector<BlendCase> blend_cases() {
 }
 
 const BgraImage& blend_layer() {
-    static const BgraImage layer = qtzq_cli::make_material(
-        "light-leak", bench_image().width(), bench_image().height(), 7, qtzq_cli::MaterialBase::Grey);
+    static const BgraImage layer = qtzq_app::make_material(
+        "light-leak", bench_image().width(), bench_image().height(), 7, qtzq_app::MaterialBase::Grey);
     return layer;
 }
 

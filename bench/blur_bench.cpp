@@ -5,8 +5,9 @@
 
 #include <string>
 
+#include "qtzq_app/materials.h"
+
 #include "bench_image.h"
-#include "materials.h"
 #include "suites.h"
 #include "timed_pass.h"
 
@@ -30,8 +31,8 @@ void zoom_blur(BgraImage& photo) {
     // The zoom blur reads a source and writes a separate destination; the
     // weights are a vignette mask (blue byte), heavier toward the centre.
     static BgraImage source = bench_image().image;
-    static BgraImage weights = qtzq_cli::make_material("vignette", source.width, source.height, 3,
-                                                      qtzq_cli::MaterialBase::White);
+    static BgraImage weights = qtzq_app::make_material("vignette", source.width, source.height, 3,
+                                                      qtzq_app::MaterialBase::White);
     RadiusZoomBlur(photo.data(), source.data(), weights.data(), photo.width, photo.height);
 }
 

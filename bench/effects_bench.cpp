@@ -4,17 +4,18 @@
 #include <string>
 #include <vector>
 
+#include "qtzq_app/catalogue.h"
+#include "qtzq_app/effect_inputs.h"
+#include "qtzq_app/effect_runner.h"
+
 #include "bench_image.h"
-#include "catalogue.h"
-#include "effect_inputs.h"
-#include "effect_runner.h"
 #include "suites.h"
 #include "timed_pass.h"
 
 namespace qtzq_bench {
 namespace {
 
-using qtzq_cli::EffectInfo;
+using qtzq_app::EffectInfo;
 
 // Materials and tables of one effect at the photo's size. Only the effect
 // being timed keeps its inputs: 12-megapixel materials are large.
@@ -29,10 +30,10 @@ GeneratedInputs& inputs_for(const EffectInfo& info) {
     if (current.id == info.id) return current;
     const BenchImage& photo = bench_image();
     current = GeneratedInputs{};
-    for (int slot = 0; slot < qtzq_cli::material_count(info.overload); ++slot)
+    for (int slot = 0; slot < qtzq_app::material_count(info.overload); ++slot)
         current.materials.push_back(
-            qtzq_cli::default_material(info, slot, photo.width(), photo.height()));
-    if (qtzq_cli::needs_tables(info.overload)) current.tables = qtzq_cli::default_table_set(info);
+            qtzq_app::default_material(info, slot, photo.width(), photo.height()));
+    if (qtzq_app::needs_tables(info.overload)) current.tables = qtzq_app::default_table_set(info);
     current.id = info.id;
     return current;
 }
@@ -42,14 +43,14 @@ void time_effect(benchmark::State& state, const EffectInfo& info) {
     unsigned char* tables = inputs.tables.empty() ? nullptr : inputs.tables.data();
     time_in_place(
         state,
-        [&](BgraImage& photo) { qtzq_cli::run_effect(info, photo, inputs.materials, tables); },
+        [&](BgraImage& photo) { qtzq_app::run_effect(info, photo, inputs.materials, tables); },
         Memory::Measure);
 }
 
 }  // namespace
 
 void register_effects() {
-    for (const EffectInfo& info : qtzq_cli::catalogue()) {
+    for (const EffectInfo& info : qtzq_app::catalogue()) {
         add_benchmark("effect/" + std::to_string(info.id) + "/" + info.preset,
                       [&info](benchmark::State& state) { time_effect(state, info); });
     }

@@ -11,11 +11,11 @@
 #include <functional>
 #include <string>
 
-#include "png_io.h"
+#include "qtzq_app/png_io.h"
 
 namespace qtzq_bench {
 
-using qtzq_tools::BgraImage;
+using qtzq_app::BgraImage;
 
 // One pass over a copy of the bench photo, in place.
 using Pass = std::function<void(BgraImage& photo)>;

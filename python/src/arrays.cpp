@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstring>
 
-#include "image_limits.h"
+#include "qtzq_app/image_limits.h"
 
 namespace qtzq_py {
 namespace {
@@ -18,7 +18,7 @@ std::string shape_text(const py::array& array) {
 }
 
 std::string size_text(long long width, long long height) {
-    return qtzq_tools::size_text(std::uint64_t(width), std::uint64_t(height));
+    return qtzq_app::size_text(std::uint64_t(width), std::uint64_t(height));
 }
 
 bool shape_fits(const py::array& array, Order order) {
@@ -45,7 +45,7 @@ void check_size(long long width, long long height, const char* what) {
     if (width < 1 || height < 1)
         throw py::value_error(std::string(what) + " is empty (" + std::to_string(width) + "x" +
                               std::to_string(height) + ")");
-    if (!qtzq_tools::image_size_supported(std::uint64_t(width), std::uint64_t(height)))
+    if (!qtzq_app::image_size_supported(std::uint64_t(width), std::uint64_t(height)))
         throw py::value_error(std::string(what) + " is too large (" + size_text(width, height) +
                               "): the library takes images of at most 2147483647 bytes");
 }

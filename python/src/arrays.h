@@ -12,12 +12,12 @@
 #include <utility>
 #include <vector>
 
-#include "png_io.h"
+#include "qtzq_app/png_io.h"
 
 namespace qtzq_py {
 
 namespace py = pybind11;
-using qtzq_tools::BgraImage;
+using qtzq_app::BgraImage;
 
 // The layout of the arrays a call takes and returns: the library's own
 // BGRA, shape (H, W, 4); or RGB (H, W, 3) / RGBA (H, W, 4), converted at the

@@ -4,9 +4,10 @@
 
 #include <filesystem>
 
+#include "qtzq_app/image_file.h"
+
 #include "arrays.h"
 #include "bindings.h"
-#include "image_file.h"
 
 namespace qtzq_py {
 namespace {
@@ -23,7 +24,7 @@ py::array read_image(const fs::path& path, const std::string& order) {
     const Order layout = parse_order(order);
     BgraImage image;
     std::string error;
-    if (!without_gil([&] { return qtzq_cli::read_image(path.string(), image, error); }))
+    if (!without_gil([&] { return qtzq_app::read_image(path.string(), image, error); }))
         raise_os_error(error);
     return array_from_bgra(image.data(), image.width, image.height, layout);
 }
@@ -33,7 +34,7 @@ py::array decode_image(const py::object& data, const std::string& order) {
     const std::vector<unsigned char> bytes = bytes_of(data, "data");
     BgraImage image;
     std::string error;
-    if (!without_gil([&] { return qtzq_cli::decode_image(bytes, "data", image, error); }))
+    if (!without_gil([&] { return qtzq_app::decode_image(bytes, "data", image, error); }))
         throw py::value_error(error);
     return array_from_bgra(image.data(), image.width, image.height, layout);
 }
@@ -41,15 +42,15 @@ py::array decode_image(const py::object& data, const std::string& order) {
 void write_image(const fs::path& path, const py::object& image, const std::string& order,
                  int quality) {
     const Order layout = parse_order(order);
-    qtzq_cli::ImageFormat format;
-    if (!qtzq_cli::format_for_path(path.string(), format))
+    qtzq_app::ImageFormat format;
+    if (!qtzq_app::format_for_path(path.string(), format))
         throw py::value_error(path.string() + ": unknown image type (use .png, .jpg or .jpeg)");
     if (quality < 1 || quality > 100) throw py::value_error("quality must lie in 1..100");
     const py::array array = checked_image(image, layout, "image");
     BgraImage pixels(int(array.shape(1)), int(array.shape(0)));
     copy_to_bgra(array, layout, pixels.data());
     std::string error;
-    if (!without_gil([&] { return qtzq_cli::write_image(path.string(), pixels, quality, error); }))
+    if (!without_gil([&] { return qtzq_app::write_image(path.string(), pixels, quality, error); }))
         raise_os_error(error);
 }
 

@@ -1,17 +1,18 @@
 // The effect catalogue through the library's facade: apply by id or name,
 // the catalogue entries, and the generated default materials and tables.
 
+#include "qtzq_app/blend_tables.h"
+#include "qtzq_app/catalogue.h"
+#include "qtzq_app/effect_inputs.h"
+#include "qtzq_app/effect_runner.h"
+
 #include "arrays.h"
 #include "bindings.h"
-#include "blend_tables.h"
-#include "catalogue.h"
-#include "effect_inputs.h"
-#include "effect_runner.h"
 
 namespace qtzq_py {
 namespace {
 
-using qtzq_cli::EffectInfo;
+using qtzq_app::EffectInfo;
 
 const char* const kApplyDoc = R"(Applies a catalogue effect to an image and returns the result.
 
@@ -37,10 +38,10 @@ const EffectInfo& resolve_effect(const py::object& effect) {
     if (is_id) {
         const auto id = py::reinterpret_steal<py::int_>(PyNumber_Index(effect.ptr()));
         if (!id) throw py::error_already_set();
-        for (const auto& entry : qtzq_cli::catalogue())
+        for (const auto& entry : qtzq_app::catalogue())
             if (py::int_(entry.id).equal(id)) found = &entry;
     } else {
-        found = qtzq_cli::find_effect(effect.cast<std::string>());
+        found = qtzq_app::find_effect(effect.cast<std::string>());
     }
     if (!found)
         throw py::value_error("unknown effect " + std::string(py::repr(effect)) +
@@ -56,7 +57,7 @@ std::string effect_title(const EffectInfo& info) {
 // them get generated defaults later (see add_default_materials).
 std::vector<BgraImage> given_materials(const EffectInfo& info, const py::args& given, Order order,
                                        int width, int height) {
-    const int slots = qtzq_cli::material_count(info.overload);
+    const int slots = qtzq_app::material_count(info.overload);
     if (int(given.size()) > slots)
         throw py::value_error(
             effect_title(info) + " takes " +
@@ -72,20 +73,20 @@ std::vector<BgraImage> given_materials(const EffectInfo& info, const py::args& g
 
 void add_default_materials(const EffectInfo& info, std::vector<BgraImage>& materials, int width,
                            int height) {
-    for (int slot = int(materials.size()); slot < qtzq_cli::material_count(info.overload); ++slot)
-        materials.push_back(qtzq_cli::default_material(info, slot, width, height));
+    for (int slot = int(materials.size()); slot < qtzq_app::material_count(info.overload); ++slot)
+        materials.push_back(qtzq_app::default_material(info, slot, width, height));
 }
 
 std::vector<unsigned char> tables_for(const EffectInfo& info, const py::object& tables) {
-    const bool takes_tables = qtzq_cli::needs_tables(info.overload);
+    const bool takes_tables = qtzq_app::needs_tables(info.overload);
     if (tables.is_none())
-        return takes_tables ? qtzq_cli::default_table_set(info) : std::vector<unsigned char>{};
+        return takes_tables ? qtzq_app::default_table_set(info) : std::vector<unsigned char>{};
     if (!takes_tables) throw py::value_error(effect_title(info) + " takes no blend table set");
     std::vector<unsigned char> bytes = bytes_of(tables, "tables");
-    if (bytes.size() < qtzq_cli::kTableSetSize)
+    if (bytes.size() < qtzq_app::kTableSetSize)
         throw py::value_error("tables hold " + std::to_string(bytes.size()) +
                               " bytes; a blend table set has " +
-                              std::to_string(qtzq_cli::kTableSetSize));
+                              std::to_string(qtzq_app::kTableSetSize));
     return bytes;
 }
 
@@ -99,7 +100,7 @@ py::object apply(const py::object& effect, const py::object& image, const py::ar
     std::vector<unsigned char> table_set = tables_for(info, tables);
     without_gil([&] {
         add_default_materials(info, inputs, photo.width(), photo.height());
-        qtzq_cli::run_effect(info, photo.pixels(), photo.width(), photo.height(), inputs,
+        qtzq_app::run_effect(info, photo.pixels(), photo.width(), photo.height(), inputs,
                              table_set.empty() ? nullptr : table_set.data());
     });
     return photo.result();
@@ -107,7 +108,7 @@ py::object apply(const py::object& effect, const py::object& image, const py::ar
 
 py::list catalogue_list() {
     py::list entries;
-    for (const auto& entry : qtzq_cli::catalogue())
+    for (const auto& entry : qtzq_app::catalogue())
         entries.append(py::cast(&entry, py::return_value_policy::reference));
     return entries;
 }
@@ -127,8 +128,8 @@ py::list default_materials(const py::object& effect, int width, int height,
 
 py::object default_tables(const py::object& effect) {
     const EffectInfo& info = resolve_effect(effect);
-    if (!qtzq_cli::needs_tables(info.overload)) return py::none();
-    const std::vector<unsigned char> set = qtzq_cli::default_table_set(info);
+    if (!qtzq_app::needs_tables(info.overload)) return py::none();
+    const std::vector<unsigned char> set = qtzq_app::default_table_set(info);
     return py::bytes(reinterpret_cast<const char*>(set.data()), set.size());
 }
 
@@ -142,12 +143,12 @@ void bind_effect_class(py::module_& module) {
             "look", [](const EffectInfo& e) { return e.look; },
             "A short English name, e.g. 'film'.")
         .def_property_readonly(
-            "overload", [](const EffectInfo& e) { return qtzq_cli::overload_text(e.overload); },
+            "overload", [](const EffectInfo& e) { return qtzq_app::overload_text(e.overload); },
             "What the effect takes: 'image', '1 material', '2 materials', '3 materials' or\n"
             "'2 materials + tables'.")
         .def_property_readonly(
             "signature",
-            [](const EffectInfo& e) { return qtzq_cli::overload_signature(e.overload); },
+            [](const EffectInfo& e) { return qtzq_app::overload_signature(e.overload); },
             "The C++ Qtzqeffect::effect overload that reaches it.")
         .def_property_readonly(
             "materials",
@@ -156,13 +157,13 @@ void bind_effect_class(py::module_& module) {
                 for (const auto& need : e.materials)
                     needs.append(
                         py::make_tuple(need.use, std::string(need.fallback.kind) + " on " +
-                                                     qtzq_cli::base_name(need.fallback.base)));
+                                                     qtzq_app::base_name(need.fallback.base)));
                 return needs;
             },
             "One (use, generated default) pair per material slot, e.g.\n"
             "('screened over the photo', 'stars on black').")
         .def_property_readonly(
-            "needs_tables", [](const EffectInfo& e) { return qtzq_cli::needs_tables(e.overload); },
+            "needs_tables", [](const EffectInfo& e) { return qtzq_app::needs_tables(e.overload); },
             "True when the effect takes a blend table set.")
         .def_property_readonly(
             "table_modes",
@@ -176,7 +177,7 @@ void bind_effect_class(py::module_& module) {
                       "one at a time.")
         .def("__repr__", [](const EffectInfo& e) {
             return "<Effect " + effect_title(e) + " '" + e.look +
-                   "': " + qtzq_cli::overload_text(e.overload) + ">";
+                   "': " + qtzq_app::overload_text(e.overload) + ">";
         });
 }
 

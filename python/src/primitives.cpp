@@ -9,14 +9,15 @@
 #include <optional>
 #include <utility>
 
+#include "qtzq_app/blend_modes.h"
+
 #include "arrays.h"
 #include "bindings.h"
-#include "blend_modes.h"
 
 namespace qtzq_py {
 namespace {
 
-using qtzq_cli::BlendMode;
+using qtzq_app::BlendMode;
 
 void require(bool ok, const std::string& message) {
     if (!ok) throw py::value_error(message);
@@ -27,7 +28,7 @@ bool within(double value, double low, double high) {
 }
 
 const BlendMode& resolve_blend_mode(const std::string& name) {
-    if (const BlendMode* mode = qtzq_cli::find_any_blend_mode(name)) return *mode;
+    if (const BlendMode* mode = qtzq_app::find_any_blend_mode(name)) return *mode;
     throw py::value_error("unknown blend mode '" + name +
                           "' (qtzqeffect.blend_modes() lists them)");
 }
@@ -159,7 +160,7 @@ py::object blend(const std::string& mode, const py::object& image, const py::obj
 
 py::list blend_mode_list() {
     py::list modes;
-    for (const BlendMode* mode : qtzq_cli::all_blend_modes())
+    for (const BlendMode* mode : qtzq_app::all_blend_modes())
         modes.append(py::cast(mode, py::return_value_policy::reference));
     return modes;
 }

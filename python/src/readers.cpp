@@ -7,10 +7,11 @@
 #include <cmath>
 #include <optional>
 
+#include "qtzq_app/frame_file.h"
+#include "qtzq_app/image_file.h"
+
 #include "arrays.h"
 #include "bindings.h"
-#include "frame_file.h"
-#include "image_file.h"
 
 namespace qtzq_py {
 namespace {
@@ -50,7 +51,7 @@ public:
         std::vector<unsigned char> bytes = file_bytes(data);
         if (bytes.empty()) throw py::value_error("the frame file is empty");
         without_gil([&] { frame_.ReadFrameFile(bytes.data(), int(bytes.size())); });
-        for (int slot = 0; slot < qtzq_cli::kFrameSlots; ++slot) {
+        for (int slot = 0; slot < qtzq_app::kFrameSlots; ++slot) {
             int length = 0;
             const unsigned char* block = frame_.GetFrameImage(slot, length);
             if (block && length > 0) encoded_[std::size_t(slot)].emplace(block, block + length);
@@ -59,26 +60,26 @@ public:
     }
 
     py::object encoded_piece(int slot) const {
-        check_index(slot, qtzq_cli::kFrameSlots, "slot");
+        check_index(slot, qtzq_app::kFrameSlots, "slot");
         const auto& block = encoded_[std::size_t(slot)];
         if (!block) return py::none();
         return py::bytes(reinterpret_cast<const char*>(block->data()), block->size());
     }
 
     void decode_pieces() {
-        for (int slot = 0; slot < qtzq_cli::kFrameSlots; ++slot) {
+        for (int slot = 0; slot < qtzq_app::kFrameSlots; ++slot) {
             const auto& block = encoded_[std::size_t(slot)];
             if (!block) continue;
             BgraImage piece;
             std::string error;
-            const std::string name = std::string(qtzq_cli::frame_slot_name(slot)) + " piece";
-            if (!qtzq_cli::decode_image(*block, name, piece, error)) throw py::value_error(error);
+            const std::string name = std::string(qtzq_app::frame_slot_name(slot)) + " piece";
+            if (!qtzq_app::decode_image(*block, name, piece, error)) throw py::value_error(error);
             store_piece(slot, piece);
         }
     }
 
     void set_piece(int slot, const py::object& pixels, const std::string& order) {
-        check_index(slot, qtzq_cli::kFrameSlots, "slot");
+        check_index(slot, qtzq_app::kFrameSlots, "slot");
         const Order layout = parse_order(order);
         const py::array array = checked_image(pixels, layout, "piece");
         BgraImage piece(int(array.shape(1)), int(array.shape(0)));
@@ -109,7 +110,7 @@ private:
     }
 
     cframe frame_;
-    std::optional<std::vector<unsigned char>> encoded_[qtzq_cli::kFrameSlots];
+    std::optional<std::vector<unsigned char>> encoded_[qtzq_app::kFrameSlots];
 };
 
 // A "MZYPT" free collage layout.

@@ -51,8 +51,7 @@ def test_runs_on_a_local_cluster_of_two_worker_processes(photos, tmp_path):
     with cluster, distributed.Client(cluster) as client:
         results = batch.apply_to_files(CHAIN, photos, tmp_path / "out", client=client,
                                        progress=lambda done, total: reports.append((done, total)))
-        workers = {w.split(":")[-1] for w in client.scheduler_info()["workers"]}
-    assert len(workers) == 2
+        assert len(client.scheduler_info()["workers"]) == 2
     check_results(results, photos, tmp_path / "out")
     assert reports[-1] == (7, 7) and [d for d, _ in reports] == sorted(d for d, _ in reports)
 
@@ -65,28 +64,13 @@ def test_runs_on_the_local_schedulers(photos, tmp_path, scheduler, capsys):
     assert capsys.readouterr().err.endswith("qtzqeffect.batch: 7/7 files\n")
 
 
-def test_one_effect_to_jpeg_from_a_list_of_paths(photos, tmp_path):
-    inputs = [photos / "p1.png", str(photos / "p2.png")]
-    results = batch.apply_to_files("film", inputs, tmp_path / "out", output_format="jpg",
-                                   progress=False)
-    assert [r.output for r in results] == [str(tmp_path / "out" / f"p{i}.jpg") for i in (1, 2)]
-    for result in results:
-        qe.write_image(tmp_path / "expected.jpg", qe.apply(1020, qe.read_image(result.input)))
-        np.testing.assert_array_equal(qe.read_image(result.output),
-                                      qe.read_image(tmp_path / "expected.jpg"))
-
-
 def test_plans_are_checked_before_any_work(photos, tmp_path):
     out = tmp_path / "out"
-    with pytest.raises(ValueError, match="unknown effect 'nope'"):
-        batch.apply_to_files(["film", "nope"], photos, out)
-    with pytest.raises(ValueError, match="output_format must be 'png' or 'jpg'"):
-        batch.apply_to_files("film", photos, out, output_format="gif")
     qe.write_image(photos / "p1.jpg", sample_image())
-    with pytest.raises(ValueError, match="would both be written to"):
-        batch.apply_to_files(
-            "film", [photos / "p1.png", photos / "p1.jpg"], out, output_format="png")
-    with pytest.raises(ValueError, match="no steps"):
-        batch.apply_to_files([], photos, out)
+    for steps, inputs, message in [(["film", "nope"], photos, "unknown effect 'nope'"),
+                                   ("film", [photos / "p1.png", photos / "p1.jpg"], "both be"),
+                                   ([], photos, "no steps")]:
+        with pytest.raises(ValueError, match=message):
+            batch.apply_to_files(steps, inputs, out, output_format="png")
     assert not out.exists()
     assert batch.apply_to_files("film", [], out) == []

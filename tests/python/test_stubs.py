@@ -10,28 +10,11 @@ import pytest
 import qtzqeffect
 from qtzqeffect import _qtzqeffect
 
-STUB = Path(_qtzqeffect.__file__).with_name("_qtzqeffect.pyi")
+STUB = ast.parse(Path(_qtzqeffect.__file__).with_name("_qtzqeffect.pyi").read_text())
 
 
-def stub_tree():
-    return ast.parse(STUB.read_text())
-
-
-def public(names):
-    return {name for name in names if not name.startswith("_")}
-
-
-def runtime_parameters(function):
-    """Parameter names from the signature line pybind11 puts atop a docstring,
-    without self and with *args under any name."""
-    signature = function.__doc__.splitlines()[0]
-    arguments = ast.parse(f"def {signature}: pass").body[0].args
-    names = [a.arg for a in arguments.posonlyargs + arguments.args if a.arg != "self"]
-    return names, ["*"] if arguments.vararg else [], [a.arg for a in arguments.kwonlyargs]
-
-
-def stub_parameters(node):
-    arguments = node.args
+def parameters(arguments):
+    """Parameter names without self, with *args under any name."""
     names = [a.arg for a in arguments.posonlyargs + arguments.args if a.arg != "self"]
     return names, ["*"] if arguments.vararg else [], [a.arg for a in arguments.kwonlyargs]
 
@@ -45,7 +28,7 @@ def runtime_doc(obj):
 
 def stub_definitions():
     """(qualified name, node) of every function, method, property and class in the stub."""
-    for node in stub_tree().body:
+    for node in STUB.body:
         if isinstance(node, (ast.FunctionDef, ast.ClassDef)):
             yield node.name, node
         if isinstance(node, ast.ClassDef):
@@ -54,27 +37,19 @@ def stub_definitions():
                     yield f"{node.name}.{member.name}", member
 
 
-def resolve(qualified):
-    obj = _qtzqeffect
-    for part in qualified.split("."):
-        obj = getattr(obj, part) if not isinstance(obj, type) else vars(obj)[part]
-    return obj
-
-
 def test_the_stub_declares_exactly_the_modules_names():
-    declared = {node.name for node in stub_tree().body
-                if isinstance(node, (ast.FunctionDef, ast.ClassDef))}
-    assert declared == public(dir(_qtzqeffect))
+    declared = {name for name, _ in stub_definitions() if "." not in name}
+    assert declared == {name for name in dir(_qtzqeffect) if not name.startswith("_")}
     assert set(qtzqeffect.__all__) == declared
 
 
 @pytest.mark.parametrize("qualified, node", list(stub_definitions()), ids=lambda v: str(v)[:40])
 def test_stub_entries_match_the_runtime(qualified, node):
-    obj = resolve(qualified)
-    if isinstance(obj, property):
-        assert runtime_doc(obj) == inspect.cleandoc(ast.get_docstring(node)), qualified
-        return
-    if isinstance(node, ast.FunctionDef):
-        assert stub_parameters(node) == runtime_parameters(obj), qualified
+    owner, _, name = qualified.rpartition(".")
+    obj = vars(getattr(_qtzqeffect, owner))[name] if owner else getattr(_qtzqeffect, name)
+    if isinstance(node, ast.FunctionDef) and not isinstance(obj, property):
+        # pybind11 puts the signature atop the docstring.
+        signature = ast.parse(f"def {obj.__doc__.splitlines()[0]}: pass").body[0]
+        assert parameters(node.args) == parameters(signature.args), qualified
     if not qualified.endswith("__init__") or ast.get_docstring(node):
         assert runtime_doc(obj) == inspect.cleandoc(ast.get_docstring(node)), qualified

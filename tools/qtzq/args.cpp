@@ -1,10 +1,12 @@
 #include "args.h"
 
-#include <cerrno>
-#include <cmath>
-#include <cstdlib>
+#include "qtzq_app/number_text.h"
 
 namespace qtzq_cli {
+
+using qtzq_app::parse_double;
+using qtzq_app::parse_int;
+
 namespace {
 
 const OptionDef* find_long(const std::vector<OptionDef>& options, const std::string& name) {
@@ -114,26 +116,6 @@ ParsedArgs parse_args(const std::vector<std::string>& args, const std::vector<Op
         parsed.add(option->name, value);
     }
     return parsed;
-}
-
-bool parse_int(const std::string& text, long long low, long long high, long long& out) {
-    if (text.empty()) return false;
-    errno = 0;
-    char* end = nullptr;
-    const long long number = std::strtoll(text.c_str(), &end, 10);
-    if (errno != 0 || *end != '\0' || number < low || number > high) return false;
-    out = number;
-    return true;
-}
-
-bool parse_double(const std::string& text, double& out) {
-    if (text.empty()) return false;
-    errno = 0;
-    char* end = nullptr;
-    const double number = std::strtod(text.c_str(), &end);
-    if (errno != 0 || *end != '\0' || !std::isfinite(number)) return false;
-    out = number;
-    return true;
 }
 
 }  // namespace qtzq_cli

@@ -57,11 +57,6 @@ private:
 // for an unknown option, a missing value or a repeated single option.
 ParsedArgs parse_args(const std::vector<std::string>& args, const std::vector<OptionDef>& options);
 
-// Whole-string number parsing; false when `text` is not entirely a number
-// in range.
-bool parse_int(const std::string& text, long long low, long long high, long long& out);
-bool parse_double(const std::string& text, double& out);
-
 }  // namespace qtzq_cli
 
 #endif  // QTZQ_CLI_ARGS_H

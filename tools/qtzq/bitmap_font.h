@@ -5,11 +5,11 @@
 
 #include <string>
 
-#include "png_io.h"
+#include "qtzq_app/png_io.h"
 
 namespace qtzq_cli {
 
-using qtzq_tools::BgraImage;
+using qtzq_app::BgraImage;
 
 constexpr int kGlyphWidth = 5;
 constexpr int kGlyphHeight = 8;

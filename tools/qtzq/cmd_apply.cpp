@@ -4,16 +4,21 @@
 #include <iostream>
 #include <set>
 
+#include "qtzq_app/catalogue.h"
+#include "qtzq_app/effect_inputs.h"
+#include "qtzq_app/effect_runner.h"
+#include "qtzq_app/errors.h"
+#include "qtzq_app/image_file.h"
+
 #include "args.h"
-#include "catalogue.h"
 #include "commands.h"
 #include "console.h"
-#include "effect_inputs.h"
-#include "effect_runner.h"
-#include "image_file.h"
 #include "parallel.h"
 
 namespace qtzq_cli {
+
+using namespace qtzq_app;
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -117,7 +122,7 @@ bool process(const Job& job, const EffectInputs& inputs, unsigned char* tables, 
     std::vector<BgraImage> materials;
     try {
         materials = inputs.materials_for(photo.width, photo.height, job.input, notes);
-    } catch (const RunError& e) {
+    } catch (const InputError& e) {
         console.error(e.what());
         return false;
     }

@@ -5,13 +5,17 @@
 
 #include <qtzqeffect/frame.h>
 
+#include "qtzq_app/file_bytes.h"
+#include "qtzq_app/frame_file.h"
+#include "qtzq_app/image_file.h"
+
 #include "args.h"
 #include "commands.h"
-#include "file_bytes.h"
-#include "frame_file.h"
-#include "image_file.h"
 
 namespace qtzq_cli {
+
+using namespace qtzq_app;
+
 namespace {
 
 const char* const kHelp =
@@ -28,7 +32,7 @@ const char* const kHelp =
 std::vector<unsigned char> load_frame_file(const std::string& path) {
     std::vector<unsigned char> bytes;
     std::string error;
-    if (!qtzq_tools::read_file_bytes(path, bytes, error)) throw RunError(error);
+    if (!qtzq_app::read_file_bytes(path, bytes, error)) throw RunError(error);
     if (bytes.size() > std::size_t(INT_MAX)) throw RunError(path + ": file too large");
     FrameFile checked;
     if (!parse_frame_file(bytes, checked, error)) throw RunError(path + ": " + error);

@@ -3,20 +3,24 @@
 #include <filesystem>
 #include <iostream>
 
+#include "qtzq_app/catalogue.h"
+#include "qtzq_app/effect_inputs.h"
+#include "qtzq_app/effect_runner.h"
+#include "qtzq_app/image_file.h"
+#include "qtzq_app/resample.h"
+#include "qtzq_app/test_scene.h"
+
 #include "args.h"
-#include "catalogue.h"
 #include "commands.h"
 #include "console.h"
 #include "contact_sheet.h"
-#include "effect_inputs.h"
-#include "effect_runner.h"
 #include "html_index.h"
-#include "image_file.h"
 #include "parallel.h"
-#include "resample.h"
-#include "test_scene.h"
 
 namespace qtzq_cli {
+
+using namespace qtzq_app;
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -58,7 +62,7 @@ std::string slug(const EffectInfo& info) {
 BgraImage load_source(const ParsedArgs& args, std::string& name) {
     if (args.positionals.empty()) {
         name = "built-in scene";
-        return qtzq_tools::make_test_scene();
+        return qtzq_app::make_test_scene();
     }
     BgraImage photo;
     std::string error;

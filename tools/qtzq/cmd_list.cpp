@@ -3,11 +3,15 @@
 #include <iostream>
 #include <sstream>
 
+#include "qtzq_app/catalogue.h"
+
 #include "args.h"
-#include "catalogue.h"
 #include "commands.h"
 
 namespace qtzq_cli {
+
+using namespace qtzq_app;
+
 namespace {
 
 const char* const kHelp =

@@ -2,13 +2,18 @@
 #include <iostream>
 #include <sstream>
 
+#include "qtzq_app/file_bytes.h"
+#include "qtzq_app/frame_file.h"
+#include "qtzq_app/image_file.h"
+#include "qtzq_app/number_text.h"
+
 #include "args.h"
 #include "commands.h"
-#include "file_bytes.h"
-#include "frame_file.h"
-#include "image_file.h"
 
 namespace qtzq_cli {
+
+using namespace qtzq_app;
+
 namespace {
 
 const char* const kHelp =
@@ -45,8 +50,8 @@ std::vector<unsigned char> load_piece(const std::string& path) {
     std::vector<unsigned char> bytes;
     std::string error;
     BgraImage check;
-    if (!qtzq_tools::read_file_bytes(path, bytes, error)) throw RunError(error);
-    if (!qtzq_tools::looks_like_png(bytes.data(), bytes.size()))
+    if (!qtzq_app::read_file_bytes(path, bytes, error)) throw RunError(error);
+    if (!qtzq_app::looks_like_png(bytes.data(), bytes.size()))
         throw RunError(path + ": not a PNG file (frame pieces are PNG)");
     if (!decode_image(bytes, path, check, error)) throw RunError(error);
     return bytes;

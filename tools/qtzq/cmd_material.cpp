@@ -1,13 +1,18 @@
 // qtzq material: procedural material images.
 #include <iostream>
 
+#include "qtzq_app/image_file.h"
+#include "qtzq_app/image_limits.h"
+#include "qtzq_app/materials.h"
+#include "qtzq_app/number_text.h"
+
 #include "args.h"
 #include "commands.h"
-#include "image_file.h"
-#include "image_limits.h"
-#include "materials.h"
 
 namespace qtzq_cli {
+
+using namespace qtzq_app;
+
 namespace {
 
 void print_help() {
@@ -51,8 +56,8 @@ int run_material(const Words& words) {
     if (!kind) throw UsageError("unknown material kind '" + args.positionals[0] + "'");
     const int width = side(args.positionals[1], "WIDTH");
     const int height = side(args.positionals[2], "HEIGHT");
-    if (!qtzq_tools::image_size_supported(std::uint64_t(width), std::uint64_t(height)))
-        throw UsageError(qtzq_tools::size_text(std::uint64_t(width), std::uint64_t(height)) +
+    if (!qtzq_app::image_size_supported(std::uint64_t(width), std::uint64_t(height)))
+        throw UsageError(qtzq_app::size_text(std::uint64_t(width), std::uint64_t(height)) +
                          " is too large");
     if (!args.has("output")) throw UsageError("needs -o FILE");
     long long seed = 1;

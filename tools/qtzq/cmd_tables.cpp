@@ -2,14 +2,18 @@
 #include <array>
 #include <iostream>
 
+#include "qtzq_app/blend_tables.h"
+#include "qtzq_app/catalogue.h"
+#include "qtzq_app/effect_inputs.h"
+#include "qtzq_app/image_file.h"
+
 #include "args.h"
-#include "blend_tables.h"
-#include "catalogue.h"
 #include "commands.h"
-#include "effect_inputs.h"
-#include "image_file.h"
 
 namespace qtzq_cli {
+
+using namespace qtzq_app;
+
 namespace {
 
 void print_help() {
@@ -42,7 +46,9 @@ std::vector<unsigned char> tables_from_modes(const std::vector<std::string>& nam
     std::array<TableMode, 3> modes;
     for (std::size_t m = 0; m < 3; ++m) {
         std::string error;
-        if (!parse_table_mode(names[m], modes[m], error)) throw UsageError(error);
+        if (parse_table_mode(names[m], modes[m], error)) continue;
+        // An unknown name points to the list of modes in the help.
+        throw UsageError(modes[m].mode ? error : error + " (see 'qtzq tables --help')");
     }
     return build_table_set(modes);
 }

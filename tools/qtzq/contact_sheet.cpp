@@ -2,10 +2,14 @@
 
 #include <algorithm>
 
+#include "qtzq_app/resample.h"
+
 #include "bitmap_font.h"
-#include "resample.h"
 
 namespace qtzq_cli {
+
+using namespace qtzq_app;
+
 namespace {
 
 constexpr int kMargin = 12;

@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "png_io.h"
+#include "qtzq_app/png_io.h"
 
 namespace qtzq_cli {
 
-using qtzq_tools::BgraImage;
+using qtzq_app::BgraImage;
 
 struct SheetEntry {
     const BgraImage* image;

@@ -3,6 +3,9 @@
 #include <exception>
 #include <iostream>
 #include <new>
+#include <string>
+
+#include "qtzq_app/errors.h"
 
 #include "args.h"
 #include "commands.h"
@@ -21,6 +24,20 @@ void print_help(std::ostream& out) {
            "1 a file or effect failed, 2 a usage mistake.\n";
 }
 
+// A usage mistake (UsageError, or a request the effect does not take):
+// named with a pointer to the command's help, exit status 2.
+int report_usage(const std::string& prefix, const char* what) {
+    std::cerr << prefix << ": " << what << "\nTry '" << prefix << " --help'.\n";
+    return kExitUsage;
+}
+
+// A failure while working (RunError, an unusable input file, anything
+// else thrown): named on stderr, exit status 1.
+int report_failure(const std::string& prefix, const char* what) {
+    std::cerr << prefix << ": " << what << '\n';
+    return kExitFailure;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -35,17 +52,17 @@ int main(int argc, char** argv) {
         try {
             return command.run(Words(words.begin() + 1, words.end()));
         } catch (const UsageError& e) {
-            std::cerr << prefix << ": " << e.what() << "\nTry '" << prefix << " --help'.\n";
-            return kExitUsage;
+            return report_usage(prefix, e.what());
+        } catch (const qtzq_app::RequestError& e) {
+            return report_usage(prefix, e.what());
         } catch (const RunError& e) {
-            std::cerr << prefix << ": " << e.what() << '\n';
-            return kExitFailure;
+            return report_failure(prefix, e.what());
+        } catch (const qtzq_app::InputError& e) {
+            return report_failure(prefix, e.what());
         } catch (const std::bad_alloc&) {
-            std::cerr << prefix << ": out of memory\n";
-            return kExitFailure;
+            return report_failure(prefix, "out of memory");
         } catch (const std::exception& e) {
-            std::cerr << prefix << ": " << e.what() << '\n';
-            return kExitFailure;
+            return report_failure(prefix, e.what());
         }
     }
     std::cerr << "qtzq: unknown command '" << words[0] << "'\nTry 'qtzq --help'.\n";
