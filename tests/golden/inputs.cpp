@@ -1,6 +1,7 @@
-#include "inputs.h"
-
+// The fixed inputs of the golden cases (see golden.h).
 #include <algorithm>
+
+#include "golden.h"
 
 namespace qtzq_golden {
 
@@ -8,12 +9,9 @@ namespace {
 
 // A well-mixing 32-bit integer hash: the same bits everywhere.
 std::uint32_t mix(std::uint32_t x) {
-    x ^= x >> 16;
-    x *= 0x7feb352du;
-    x ^= x >> 15;
-    x *= 0x846ca68bu;
-    x ^= x >> 16;
-    return x;
+    x = (x ^ (x >> 16)) * 0x7feb352du;
+    x = (x ^ (x >> 15)) * 0x846ca68bu;
+    return x ^ (x >> 16);
 }
 
 std::uint32_t hash(int x, int y, std::uint32_t seed) {
@@ -28,52 +26,24 @@ unsigned char clamp_byte(int value) {
 // Position 0..n-1 mapped to 0..255 by pixel centres (a lone pixel gets 127).
 int ramp(int position, int n) { return (2 * position + 1) * 255 / (2 * n); }
 
-std::size_t buffer_size(int width, int height) {
-    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4;
-}
-
 Scene make_scene(int width, int height) {
-    return Scene{std::to_string(width) + "x" + std::to_string(height),
-                 width,
-                 height,
-                 photo(width, height),
-                 material(width, height, 1),
-                 material(width, height, 2),
-                 material(width, height, 3)};
-}
-
-Scene channel_pair_scene() {
-    const int side = ChannelPairs::kSide;
-    Scene scene = make_scene(side, side);
-    scene.photo = channel_pairs().base;
-    return scene;
-}
-
-Bytes make_blend_tables() {
-    Bytes tables(kBlendTableSetSize, 0xA5);
-    for (int a = 0; a < 256; ++a) {
-        for (int b = 0; b < 256; ++b) {
-            const std::size_t entry =
-                static_cast<std::size_t>(a) * 256 + static_cast<std::size_t>(b);
-            tables[kBlendTableOffsets[0] + entry] = static_cast<unsigned char>(a * (b + 64) / 319);
-            tables[kBlendTableOffsets[1] + entry] =
-                static_cast<unsigned char>(std::min(255, a + b / 2));
-            tables[kBlendTableOffsets[2] + entry] = static_cast<unsigned char>((a + 255 - b) / 2);
-        }
-    }
-    return tables;
+    return {width,
+            height,
+            photo(width, height),
+            material_image(width, height, 1),
+            material_image(width, height, 2),
+            material_image(width, height, 3)};
 }
 
 }  // namespace
 
 Bytes photo(int width, int height) {
-    Bytes image(buffer_size(width, height));
+    Bytes image(std::size_t(width) * std::size_t(height) * 4);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            unsigned char* px = &image[(static_cast<std::size_t>(y) * width + x) * 4];
+            unsigned char* px = &image[(std::size_t(y) * width + x) * 4];
             const std::uint32_t h = hash(x, y, 1);
-            const int u = ramp(x, width);
-            const int v = ramp(y, height);
+            const int u = ramp(x, width), v = ramp(y, height);
             int blue = u + static_cast<int>(h & 63) - 32;
             int green = v + static_cast<int>((h >> 6) & 31) - 16;
             int red = (u + 255 - v) / 2 + static_cast<int>((h >> 11) & 63) - 32;
@@ -92,15 +62,14 @@ Bytes photo(int width, int height) {
     return image;
 }
 
-Bytes material(int width, int height, int which) {
-    Bytes image(buffer_size(width, height));
+Bytes material_image(int width, int height, int which) {
+    Bytes image(std::size_t(width) * std::size_t(height) * 4);
     const std::int64_t far = std::int64_t(width) * width + std::int64_t(height) * height;
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            unsigned char* px = &image[(static_cast<std::size_t>(y) * width + x) * 4];
+            unsigned char* px = &image[(std::size_t(y) * width + x) * 4];
             const std::uint32_t h = hash(x, y, 100u + static_cast<std::uint32_t>(which));
-            const std::int64_t dx = 2 * x + 1 - width;
-            const std::int64_t dy = 2 * y + 1 - height;
+            const std::int64_t dx = 2 * x + 1 - width, dy = 2 * y + 1 - height;
             const int vignette = static_cast<int>(255 - 255 * (dx * dx + dy * dy) / far);
             const int texture = static_cast<int>(h & 127) - 64;
             const int tint = 60 * which;
@@ -115,19 +84,17 @@ Bytes material(int width, int height, int which) {
 
 const ChannelPairs& channel_pairs() {
     static const ChannelPairs pairs = [] {
-        const int side = ChannelPairs::kSide;
-        ChannelPairs made{Bytes(buffer_size(side, side)), Bytes(buffer_size(side, side))};
-        for (int j = 0; j < side; ++j) {
-            for (int i = 0; i < side; ++i) {
-                const std::size_t at = (static_cast<std::size_t>(j) * side + i) * 4;
-                made.base[at + 0] = static_cast<unsigned char>(i);
-                made.base[at + 1] = static_cast<unsigned char>(j);
-                made.base[at + 2] = static_cast<unsigned char>(i + j);
-                made.base[at + 3] = static_cast<unsigned char>(i ^ j);
-                made.blend[at + 0] = static_cast<unsigned char>(j);
-                made.blend[at + 1] = static_cast<unsigned char>(i);
-                made.blend[at + 2] = static_cast<unsigned char>(i + 2 * j);
-                made.blend[at + 3] = static_cast<unsigned char>(255 - i);
+        ChannelPairs made{Bytes(256 * 256 * 4), Bytes(256 * 256 * 4)};
+        for (int j = 0; j < 256; ++j) {
+            for (int i = 0; i < 256; ++i) {
+                const unsigned char base[4] = {
+                    static_cast<unsigned char>(i), static_cast<unsigned char>(j),
+                    static_cast<unsigned char>(i + j), static_cast<unsigned char>(i ^ j)};
+                const unsigned char blend[4] = {
+                    static_cast<unsigned char>(j), static_cast<unsigned char>(i),
+                    static_cast<unsigned char>(i + 2 * j), static_cast<unsigned char>(255 - i)};
+                std::copy(base, base + 4, &made.base[(std::size_t(j) * 256 + i) * 4]);
+                std::copy(blend, blend + 4, &made.blend[(std::size_t(j) * 256 + i) * 4]);
             }
         }
         return made;
@@ -136,48 +103,37 @@ const ChannelPairs& channel_pairs() {
 }
 
 const std::vector<Scene>& scenes() {
-    static const std::vector<Scene> all = {
-        make_scene(1, 1), make_scene(1, 6),  make_scene(6, 1),   make_scene(2, 2),
-        make_scene(3, 5), make_scene(13, 7), make_scene(97, 61), channel_pair_scene(),
-    };
+    static const std::vector<Scene> all = [] {
+        std::vector<Scene> made;
+        for (const auto& size : {std::array<int, 2>{1, 1},
+                                 {1, 6},
+                                 {6, 1},
+                                 {2, 2},
+                                 {3, 5},
+                                 {13, 7},
+                                 {97, 61},
+                                 {256, 256}})
+            made.push_back(make_scene(size[0], size[1]));
+        made.back().photo = channel_pairs().base;
+        return made;
+    }();
     return all;
 }
 
 const Bytes& blend_tables() {
-    static const Bytes tables = make_blend_tables();
+    static const Bytes tables = [] {
+        Bytes made(196618, 0xA5);
+        for (std::size_t a = 0; a < 256; ++a) {
+            for (std::size_t b = 0; b < 256; ++b) {
+                made[4 + a * 256 + b] = static_cast<unsigned char>(a * (b + 64) / 319);
+                made[65543 + a * 256 + b] =
+                    static_cast<unsigned char>(std::min<std::size_t>(255, a + b / 2));
+                made[131082 + a * 256 + b] = static_cast<unsigned char>((a + 255 - b) / 2);
+            }
+        }
+        return made;
+    }();
     return tables;
-}
-
-const std::vector<std::vector<CurvePoint>>& curve_point_lists() {
-    static const std::vector<std::vector<CurvePoint>> lists = {
-        {{0, 0}, {255, 255}},
-        {{0, 0}, {64, 48}, {128, 128}, {192, 210}, {255, 255}},
-        {{128, 160}},
-        {{0, 255}, {255, 0}},
-        {{0, 30}, {200, 250}, {90, 60}, {255, 240}},
-        {{0, 0}, {100, 80}, {100, 120}, {255, 255}},
-    };
-    return lists;
-}
-
-FileBuilder& FileBuilder::u32(std::uint32_t value) {
-    for (int i = 0; i < 4; ++i) data_.push_back(static_cast<unsigned char>(value >> (8 * i)));
-    return *this;
-}
-
-FileBuilder& FileBuilder::ascii(const std::string& text) {
-    data_.insert(data_.end(), text.begin(), text.end());
-    return *this;
-}
-
-FileBuilder& FileBuilder::bytes(const Bytes& block) {
-    data_.insert(data_.end(), block.begin(), block.end());
-    return *this;
-}
-
-FileBuilder& FileBuilder::pad_to(std::size_t offset) {
-    if (data_.size() < offset) data_.resize(offset, 0);
-    return *this;
 }
 
 }  // namespace qtzq_golden
