@@ -25,7 +25,6 @@ void record_groups(Recorder& out, std::initializer_list<const double*> groups) {
 }
 
 using FreeConstants = void (*)(double*, double*, double*, double*, double*, double*, double);
-
 void record_free_constants(Recorder& out, FreeConstants fill, double sigma) {
     double c[6][5] = {};
     fill(c[0], c[1], c[2], c[3], c[4], c[5], sigma);
@@ -36,47 +35,59 @@ void record_free_constants(Recorder& out, FreeConstants fill, double sigma) {
 // sizes; a zero or unchanged size leaves the image as it is.
 void record_resampled(Recorder& out) {
     for (const Scene& s : scenes()) {
-        const int sizes[][2] = {
-            {1, 1},        {5, 3},      {2 * s.width + 1, s.height}, {s.width, s.height},
-            {0, s.height}, {s.width, 0}};
-        for (const int bytes_per_pixel : {4, 3}) {
-            for (const auto& size : sizes) {
-                const std::size_t old_size = std::size_t(s.width) * s.height * bytes_per_pixel;
-                auto* image = new unsigned char[old_size];
-                std::copy(s.photo.begin(), s.photo.begin() + old_size, image);
-                RampleBit(size[0], size[1], &image, s.width, s.height, bytes_per_pixel);
-                const bool resized =
-                    size[0] != 0 && size[1] != 0 && (size[0] != s.width || size[1] != s.height);
-                out.bytes(image,
-                          resized ? std::size_t(size[0]) * size[1] * bytes_per_pixel : old_size);
+        const int w = s.width, h = s.height;
+        for (const int depth : {4, 3}) {
+            for (const auto [to_w, to_h] :
+                 {std::pair{1, 1}, {5, 3}, {2 * w + 1, h}, {w, h}, {0, h}, {w, 0}}) {
+                const std::size_t size = std::size_t(w) * h * depth;
+                auto* image = new unsigned char[size];
+                std::copy(s.photo.begin(), s.photo.begin() + size, image);
+                RampleBit(to_w, to_h, &image, w, h, depth);
+                const bool resized = to_w != 0 && to_h != 0 && (to_w != w || to_h != h);
+                out.bytes(image, resized ? std::size_t(to_w) * to_h * depth : size);
                 delete[] image;
             }
         }
     }
 }
 
-Cases gaussian_cases() {
+// The preview keeps its first blur: three amounts on one object, the last
+// one on a different image.
+void record_preview(Recorder& out) {
+    for (const Scene& original : scenes()) {
+        Scene s = original;
+        CSharp sharp;
+        out.i32(sharp.useEffectPreview(s.photo.data(), s.width, s.height, 2, 0.8f));
+        out.image(s.photo, s.width, s.height);
+        s.photo = original.photo;
+        out.i32(sharp.useEffectPreview(s.photo.data(), s.width, s.height, 2, 2.5f));
+        out.image(s.photo, s.width, s.height);
+        out.i32(sharp.useEffectPreview(s.material1.data(), s.width, s.height, 2, 1.0f));
+        out.image(s.material1, s.width, s.height);
+    }
+}
+
+void convolute(Px p, int w, int h, double sigma, bool rows) {
+    GaussianBlurFilterUtil util;
+    util.FindConstants(sigma);
+    util.ConvoluteDimension(p, w, h, 4, sigma, rows);
+}
+
+}  // namespace
+
+Cases blur_cases() {
+    const double inf = std::numeric_limits<double>::infinity();
     return {
-        sweep(kBlurRadii,
-              [](auto& r) {
-                  return image(named("blur.CreateBlurEffect", r[0], r[1]),
-                               [=](auto* p, int w, int h) {
-                                   return GaussianBlurFilterUtil::GetInst()->CreateBlurEffect(
-                                       p, w, h, 4, r[0], r[1]);
-                               });
-              }),
+        image_sweep(
+            "blur.CreateBlurEffect",
+            [](Px p, int w, int h, double rx, double ry) {
+                return GaussianBlurFilterUtil::GetInst()->CreateBlurEffect(p, w, h, 4, rx, ry);
+            },
+            kBlurRadii),
         image("blur.ConvoluteDimension.rows",
-              [](auto* p, int w, int h) {
-                  GaussianBlurFilterUtil util;
-                  util.FindConstants(4.0);
-                  util.ConvoluteDimension(p, w, h, 4, 4.0, true);
-              }),
+              [](Px p, int w, int h) { convolute(p, w, h, 4, true); }),
         image("blur.ConvoluteDimension.columns",
-              [](auto* p, int w, int h) {
-                  GaussianBlurFilterUtil util;
-                  util.FindConstants(9.0);
-                  util.ConvoluteDimension(p, w, h, 4, 9.0, false);
-              }),
+              [](Px p, int w, int h) { convolute(p, w, h, 9, false); }),
         custom("blur.FindConstants",
                [](Recorder& out) {
                    for (const double radius : {0.0, 1e-9, 0.5, 1.0, 3.0, 7.25, 40.0, 255.0}) {
@@ -86,8 +97,7 @@ Cases gaussian_cases() {
                    }
                }),
         custom("blur.DoubleToInt_IEEE",
-               [](Recorder& out) {
-                   const double inf = std::numeric_limits<double>::infinity();
+               [inf](Recorder& out) {
                    GaussianBlurFilterUtil util;
                    for (const double v :
                         {0.0, 0.5, 1.5, 2.5, -0.5, -1.5, 1e-300, 3.7, -3.7, 1e10, -1e10, inf, -inf,
@@ -103,60 +113,29 @@ Cases gaussian_cases() {
                [](Recorder& out) { record_free_constants(out, find_constants_2, 2.0); }),
         custom("blur.find_constants_12",
                [](Recorder& out) { record_free_constants(out, find_constants_12, 12.0); }),
-        sweep(kBrushRadii,
-              [](auto& r) {
-                  return image(
-                      named("blur.GaussIIRBlurBrush", r[0], r[1]),
-                      [=](auto* p, int w, int h) { GaussIIRBlurBrush(p, w, h, r[0], r[1]); });
+        image_sweep("blur.GaussIIRBlurBrush", GaussIIRBlurBrush, kBrushRadii),
+        sweep("blur.StyleSharp", {1, 2, 3, 10, 50},
+              [](std::string, int radius) {
+                  return sweep("", {0.0f, 0.5f, 1.7f, -0.4f}, [=](std::string, float amount) {
+                      return image(
+                          named("blur.StyleSharp", radius, amount),
+                          [=](Px p, int w, int h) { StyleSharp(p, w, h, radius, amount); });
+                  });
               }),
-    };
-}
-
-Cases unsharp_cases() {
-    return {
-        sweep({1, 2, 3, 10, 50},
-              [](int radius) {
-                  return Cases{
-                      sweep({0.0f, 0.5f, 1.7f, -0.4f},
-                            [=](float amount) {
-                                return image(named("blur.StyleSharp", radius, amount),
-                                             [=](auto* p, int w, int h) {
-                                                 StyleSharp(p, w, h, radius, amount);
-                                             });
-                            }),
-                      // The blur alone, into a second buffer that starts as material 3.
-                      custom(named("blur.CSharp::GetBlur", radius), [=](Recorder& out) {
-                          for (const Scene& original : scenes()) {
-                              Scene s = original;
-                              out.i32(CSharp().GetBlur(s.photo.data(), s.material3.data(), s.width,
-                                                       s.height, radius, 7, false));
-                              out.image(s.material3, s.width, s.height);
-                              record_read_only(out, s.photo, original.photo);
-                          }
-                      })};
+        // The blur alone, into a second buffer that starts as material 3.
+        sweep("blur.CSharp::GetBlur", {1, 2, 3, 10, 50},
+              [](std::string name, int radius) {
+                  return custom(name, [=](Recorder& out) {
+                      for (const Scene& original : scenes()) {
+                          Scene s = original;
+                          out.i32(CSharp().GetBlur(s.photo.data(), s.material3.data(), s.width,
+                                                   s.height, radius, 7, false));
+                          out.image(s.material3, s.width, s.height);
+                          record_read_only(out, s.photo, original.photo);
+                      }
+                  });
               }),
-        // The preview keeps its first blur: three amounts on one object, the
-        // last one on a different image.
-        custom("blur.CSharp::useEffectPreview",
-               [](Recorder& out) {
-                   for (const Scene& original : scenes()) {
-                       Scene s = original;
-                       CSharp sharp;
-                       out.i32(sharp.useEffectPreview(s.photo.data(), s.width, s.height, 2, 0.8f));
-                       out.image(s.photo, s.width, s.height);
-                       s.photo = original.photo;
-                       out.i32(sharp.useEffectPreview(s.photo.data(), s.width, s.height, 2, 2.5f));
-                       out.image(s.photo, s.width, s.height);
-                       out.i32(
-                           sharp.useEffectPreview(s.material1.data(), s.width, s.height, 2, 1.0f));
-                       out.image(s.material1, s.width, s.height);
-                   }
-               }),
-    };
-}
-
-Cases zoom_and_resample_cases() {
-    return {
+        custom("blur.CSharp::useEffectPreview", record_preview),
         // Zoom toward the centre with material 1's blue bytes as weights, into
         // a buffer that starts as material 3 (kept where the weights are 0).
         scene("blur.RadiusZoomBlur",
@@ -167,7 +146,7 @@ Cases zoom_and_resample_cases() {
               }),
         custom("blur.RampleBit", record_resampled),
         image("blur.Resample",
-              [](auto* p, int w, int h) {
+              [](Px p, int w, int h) {
                   unsigned char* image = p;
                   Resample(2 * w + 3, h + 1, &image, w, h);
                   return image == p;
@@ -178,7 +157,7 @@ Cases zoom_and_resample_cases() {
                }),
         custom("blur.WeakRoundChange",
                [](Recorder& out) {
-                   for (const auto& [inner, outer] :
+                   for (const auto [inner, outer] :
                         {std::pair{4, 8}, {1, 2}, {10, 30}, {7, 8}, {3, 0}}) {
                        Bytes patch(std::size_t(2 * outer + 1) * (2 * outer + 1) + 1, 0xCD);
                        WeakRoundChange(patch.data(), inner, outer);
@@ -187,9 +166,5 @@ Cases zoom_and_resample_cases() {
                }),
     };
 }
-
-}  // namespace
-
-Cases blur_cases() { return {gaussian_cases(), unsharp_cases(), zoom_and_resample_cases()}; }
 
 }  // namespace qtzq_golden

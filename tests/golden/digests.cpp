@@ -1,6 +1,5 @@
-// Digests: SHA-256 recording of what cases produce, and the digest list file.
+// Digests: SHA-256 (FIPS 180-4) of what the cases record, and the list file.
 #include <algorithm>
-#include <cstring>
 #include <istream>
 #include <locale>
 #include <ostream>
@@ -28,28 +27,18 @@ std::uint32_t rotr(std::uint32_t x, int n) { return (x >> n) | (x << (32 - n)); 
 }  // namespace
 
 void Recorder::bytes(const unsigned char* data, std::size_t size) {
-    absorb(data, size);
-    if (sink_) sink_->insert(sink_->end(), data, data + size);
+    length_ += size;
+    for (std::size_t take; size > 0; data += take, size -= take) {
+        take = std::min(size, block_.size() - used_);
+        std::memcpy(block_.data() + used_, data, take);
+        if ((used_ += take) == block_.size()) compress();
+    }
 }
 
 void Recorder::little_endian(std::uint64_t value, int size) {
     unsigned char out[8];
-    for (int i = 0; i < size; ++i) out[i] = static_cast<unsigned char>(value >> (8 * i));
-    bytes(out, static_cast<std::size_t>(size));
-}
-
-void Recorder::f32(float value) {
-    std::uint32_t bits;
-    static_assert(sizeof bits == sizeof value, "IEEE single precision expected");
-    std::memcpy(&bits, &value, sizeof bits);
-    little_endian(bits, 4);
-}
-
-void Recorder::f64(double value) {
-    std::uint64_t bits;
-    static_assert(sizeof bits == sizeof value, "IEEE double precision expected");
-    std::memcpy(&bits, &value, sizeof bits);
-    little_endian(bits, 8);
+    for (int i = 0; i < size; ++i) out[i] = std::uint8_t(value >> (8 * i));
+    bytes(out, std::size_t(size));
 }
 
 void Recorder::image(const unsigned char* pixels, int width, int height) {
@@ -58,19 +47,7 @@ void Recorder::image(const unsigned char* pixels, int width, int height) {
     if (width > 0 && height > 0) bytes(pixels, std::size_t(width) * std::size_t(height) * 4);
 }
 
-void Recorder::absorb(const unsigned char* data, std::size_t size) {
-    length_ += size;
-    while (size > 0) {
-        const std::size_t take = std::min(size, block_.size() - used_);
-        std::memcpy(block_.data() + used_, data, take);
-        used_ += take;
-        data += take;
-        size -= take;
-        if (used_ == block_.size()) compress();
-    }
-}
-
-void Recorder::compress() {  // one 64-byte block, as FIPS 180-4 gives it
+void Recorder::compress() {
     std::uint32_t w[64];
     for (int i = 0; i < 16; ++i) {
         w[i] = std::uint32_t(block_[4 * i]) << 24 | std::uint32_t(block_[4 * i + 1]) << 16 |
@@ -97,11 +74,11 @@ void Recorder::compress() {  // one 64-byte block, as FIPS 180-4 gives it
 std::string Recorder::hex_digest() {
     const std::uint64_t bits = length_ * 8;
     const unsigned char one = 0x80, zero = 0;
-    absorb(&one, 1);
-    while (used_ != 56) absorb(&zero, 1);
+    bytes(&one, 1);
+    while (used_ != 56) bytes(&zero, 1);
     for (int shift = 56; shift >= 0; shift -= 8) {
-        const auto byte = static_cast<unsigned char>(bits >> shift);
-        absorb(&byte, 1);
+        const auto byte = std::uint8_t(bits >> shift);
+        bytes(&byte, 1);
     }
     std::string hex;
     for (const std::uint32_t word : state_) {
@@ -119,9 +96,8 @@ std::string label(double value) {
 }
 
 void record_read_only(Recorder& out, const Bytes& after, const Bytes& before) {
-    const bool unchanged = after == before;
-    out.i32(unchanged ? 0 : 1);
-    if (!unchanged) out.bytes(after);
+    out.i32(after == before ? 0 : 1);
+    if (after != before) out.bytes(after);
 }
 
 void record_scene(Recorder& out, const Scene& s, const Scene& original) {
@@ -131,20 +107,27 @@ void record_scene(Recorder& out, const Scene& s, const Scene& original) {
     record_read_only(out, s.material3, original.material3);
 }
 
+Case scene(std::string name, std::function<void(Recorder&, Scene&)> fn, Needs n) {
+    const auto run = [fn](Recorder& out) {
+        for (const Scene& original : scenes()) {
+            Scene s = original;
+            fn(out, s);
+            record_scene(out, s, original);
+        }
+    };
+    return {std::move(name), run, n};
+}
+
 DigestList parse_digest_list(std::istream& in) {
     DigestList digests;
-    std::string line;
+    std::string line, name, digest, extra;
     for (int number = 1; std::getline(in, line); ++number) {
         if (line.empty() || line[0] == '#') continue;
         std::istringstream fields(line);
-        std::string name, digest, extra;
-        const bool well_formed =
-            (fields >> name >> digest) && !(fields >> extra) && digest.size() == 64;
-        if (!well_formed || !digests.emplace(name, digest).second) {
-            throw std::runtime_error(
-                "digest list line " + std::to_string(number) +
-                (well_formed ? " repeats case " + name : " is not 'name digest': " + line));
-        }
+        const bool ok = (fields >> name >> digest) && !(fields >> extra) && digest.size() == 64;
+        if (!ok || !digests.emplace(name, digest).second)
+            throw std::runtime_error("digest list line " + std::to_string(number) +
+                                     (ok ? " repeats a case: " : " is not 'name digest': ") + line);
     }
     return digests;
 }

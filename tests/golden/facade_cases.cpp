@@ -11,14 +11,12 @@ namespace qtzq_golden {
 
 namespace {
 
-using Px = unsigned char*;
-
 // One effect overload: the ids its catalogue table holds (independent of the
 // library's own table, so a wrongly wired id shows) and how to call it.
 struct Overload {
     const char* name;
     std::vector<int> ids;
-    int (*call)(Qtzqeffect& effects, int id, Scene& s, Px tables);
+    int (*call)(Qtzqeffect& e, int id, Scene& s, Px tables);
 };
 
 const Overload kOverloads[] = {
@@ -74,29 +72,26 @@ void record_effect(Recorder& out, const Overload& overload, int id, const Scene&
     record_read_only(out, tables, blend_tables());
 }
 
-Cases effect_cases(const Overload& overload) {
-    const std::string prefix = std::string("facade.") + overload.name;
-    return {
-        sweep(overload.ids,
-              [&](int id) {
-                  return custom(named(prefix, id), [&overload, id](Recorder& out) {
-                      for (const Scene& s : scenes()) record_effect(out, overload, id, s);
-                  });
-              }),
-        // Ids of other tables and unknown ids, from the whole catalogue range
-        // and beyond to the extremes of int, must leave every buffer alone.
-        custom(prefix + ".other_ids",
-               [&overload](Recorder& out) {
-                   std::vector<int> probes = {INT_MIN, -1, 0, 1};
-                   for (int id = 1000; id <= 1110; ++id) probes.push_back(id);
-                   probes.push_back(INT_MAX);
-                   for (const int id : probes) {
-                       const auto& ids = overload.ids;
-                       if (std::find(ids.begin(), ids.end(), id) == ids.end())
-                           record_effect(out, overload, id, scenes()[5]);
-                   }
-               }),
-    };
+// Every id of the overload on every scene; then, on the 13x7 scene, ids of
+// other tables and unknown ones (the catalogue range and beyond, the
+// extremes of int), which must leave every buffer alone.
+Cases effect_cases(const Overload& o) {
+    const std::string prefix = std::string("facade.") + o.name;
+    Cases cases;
+    for (const int id : o.ids) {
+        cases = {cases, custom(named(prefix, id), [&o, id](Recorder& out) {
+                     for (const Scene& s : scenes()) record_effect(out, o, id, s);
+                 })};
+    }
+    return {cases, custom(prefix + ".other_ids", [&o](Recorder& out) {
+                std::vector<int> probes = {INT_MIN, -1, 0, 1};
+                for (int id = 1000; id <= 1110; ++id) probes.push_back(id);
+                probes.push_back(INT_MAX);
+                for (const int id : probes) {
+                    if (std::find(o.ids.begin(), o.ids.end(), id) == o.ids.end())
+                        record_effect(out, o, id, scenes()[5]);
+                }
+            })};
 }
 
 // A buffer the facade allocated (null or width x height pixels); freed.
@@ -106,26 +101,28 @@ void record_new_buffer(Recorder& out, unsigned char* buffer, int width, int heig
     delete[] buffer;
 }
 
+constexpr int kMixes[][3] = {{0, 0, 0}, {25, -10, 40}, {-40, 60, -80}, {10, 0, 255}};
+
 }  // namespace
 
 Cases facade_cases() {
-    constexpr int kMixes[][3] = {{0, 0, 0}, {25, -10, 40}, {-40, 60, -80}, {10, 0, 255}};
+    Cases cases;
+    for (const Overload& overload : kOverloads) cases = {cases, effect_cases(overload)};
     return {
-        sweep(kOverloads, effect_cases),
+        cases,
         image("facade.sample", [](Px p, int w, int h) { return Qtzqeffect().sample(p, w, h); }),
         custom("facade.randInt",
                [](Recorder& out) {
-                   for (const auto& [low, high] :
+                   for (const auto [low, high] :
                         {std::pair{0, 100}, {5, 5}, {100, 0}, {INT_MIN, INT_MAX}})
                        out.i32(Qtzqeffect().randInt(low, high));
                }),
         // Soft glow, two-step sharpening and colour mixing.
-        sweep({0, 1, 5, 20},
-              [](int radius) {
-                  return scene(named("facade.WeakInit", radius), [=](Recorder& out, Scene& s) {
-                      record_new_buffer(
-                          out, Qtzqeffect().WeakInit(s.photo.data(), s.width, s.height, radius),
-                          s.width, s.height);
+        sweep("facade.WeakInit", {0, 1, 5, 20},
+              [](std::string name, int radius) {
+                  return scene(name, [=](Recorder& out, Scene& s) {
+                      Px glow = Qtzqeffect().WeakInit(s.photo.data(), s.width, s.height, radius);
+                      record_new_buffer(out, glow, s.width, s.height);
                   });
               }),
         // Material 2 as the blurred copy, the red bytes of material 1 as weights.
@@ -134,25 +131,23 @@ Cases facade_cases() {
                   out.i32(Qtzqeffect().WeakProcess(s.photo.data(), s.material2.data(),
                                                    s.material1.data(), s.width, s.height));
               }),
-        sweep({0.0f, 0.35f, 1.0f, 3.2f, -0.6f},
-              [](float amount) {
-                  return scene(named("facade.SharpInit.SharpProcess", amount), [=](Recorder& out,
-                                                                                   Scene& s) {
+        sweep("facade.SharpInit.SharpProcess", {0.0f, 0.35f, 1.0f, 3.2f, -0.6f},
+              [](std::string name, float amount) {
+                  return scene(name, [=](Recorder& out, Scene& s) {
                       Qtzqeffect effects;
-                      unsigned char* blurred = effects.SharpInit(s.photo.data(), s.width, s.height);
+                      Px blurred = effects.SharpInit(s.photo.data(), s.width, s.height);
                       out.image(blurred, s.width, s.height);
                       out.i32(
                           effects.SharpProcess(s.photo.data(), blurred, s.width, s.height, amount));
                       record_new_buffer(out, blurred, s.width, s.height);
                   });
               }),
-        sweep(kMixes,
-              [](auto& m) {
-                  return image(named("facade.ColorMixing", m[0], m[1], m[2]),
-                               [=](Px p, int w, int h) {
-                                   return Qtzqeffect().ColorMixing(p, w, h, m[0], m[1], m[2]);
-                               });
-              }),
+        image_sweep(
+            "facade.ColorMixing",
+            [](Px p, int w, int h, int a, int b, int saturation) {
+                return Qtzqeffect().ColorMixing(p, w, h, a, b, saturation);
+            },
+            kMixes),
     };
 }
 

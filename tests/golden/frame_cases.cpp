@@ -10,30 +10,21 @@ namespace qtzq_golden {
 
 namespace {
 
-class FileBuilder {
-   public:
-    FileBuilder& u32(std::uint32_t value) {
-        for (int i = 0; i < 4; ++i) data.push_back(static_cast<unsigned char>(value >> (8 * i)));
-        return *this;
+// Appends 32-bit little-endian words to a file after zero padding up to
+// offset `at` (none when already past it).
+Bytes& put(Bytes& file, std::size_t at, std::initializer_list<std::int64_t> words) {
+    if (file.size() < at) file.resize(at, 0);
+    for (const std::int64_t word : words) {
+        for (int i = 0; i < 4; ++i) file.push_back(std::uint8_t(std::uint64_t(word) >> (8 * i)));
     }
-    FileBuilder& i32(std::int32_t value) { return u32(static_cast<std::uint32_t>(value)); }
-    FileBuilder& f32(float value) {
-        std::uint32_t bits;
-        std::memcpy(&bits, &value, 4);
-        return u32(bits);
-    }
-    FileBuilder& ascii(const std::string& text) { return bytes(Bytes(text.begin(), text.end())); }
-    FileBuilder& bytes(const Bytes& block) {
-        data.insert(data.end(), block.begin(), block.end());
-        return *this;
-    }
-    FileBuilder& pad_to(std::size_t offset) {  // zero bytes; no-op when already past it
-        if (data.size() < offset) data.resize(offset, 0);
-        return *this;
-    }
-    int size() const { return static_cast<int>(data.size()); }
-    Bytes data;
-};
+    return file;
+}
+
+std::uint32_t bits(float value) {
+    std::uint32_t bits;
+    std::memcpy(&bits, &value, 4);
+    return bits;
+}
 
 void record_rect(Recorder& out, const _tagCGRect& r) {
     for (const int v : {r.x, r.y, r.width, r.height}) out.i32(v);
@@ -52,15 +43,14 @@ constexpr int kPieceSizes[8][2] = {{6, 5}, {6, 7}, {8, 5}, {8, 7}, {4, 3}, {4, 3
 // carries k + 3 bytes), records the raw blocks, and gives every slot its
 // decoded piece (materials with varying alpha, so blending shows).
 void load_frame(cframe& frame, Recorder& out) {
-    FileBuilder file;
-    file.pad_to(44);
-    for (const int inset : {3, 2, 3, 4, 5, 2, 5, 4}) file.i32(inset);
-    file.pad_to(80);
+    Bytes file;
+    put(put(file, 44, {3, 2, 3, 4, 5, 2, 5, 4}), 80, {});
     for (int slot = 0; slot < 8; ++slot) {
-        file.bytes({1, 0xEE, 0xEE, 0xEE}).u32(0xEEEEEEEEu).i32(slot + 3);
-        for (int i = 0; i < slot + 3; ++i) file.bytes({static_cast<unsigned char>(16 * slot + i)});
+        file.insert(file.end(), {1, 0xEE, 0xEE, 0xEE});
+        put(file, 0, {0xEEEEEEEE, slot + 3});
+        for (int i = 0; i < slot + 3; ++i) file.push_back(std::uint8_t(16 * slot + i));
     }
-    out.i32(frame.ReadFrameFile(file.data.data(), file.size()));
+    out.i32(frame.ReadFrameFile(file.data(), int(file.size())));
     for (int slot = 0; slot < 8; ++slot) {
         int length = -1;
         const unsigned char* block = frame.GetFrameImage(slot, length);
@@ -101,12 +91,17 @@ void draw_rects(Scene& s) {
                  shift - 1, shift / 2, regions[shift]);
 }
 
+// The start of a collage file: its five-letter magic at offset 12.
+Bytes magic_file(const char* magic) {
+    const std::string header = std::string(12, '\0') + magic;
+    return Bytes(header.begin(), header.end());
+}
+
 // A "ZQPTM" puzzle format file with count cells (magic replaceable).
-FileBuilder puzzle_format_file(int count, const std::string& magic = "ZQPTM") {
-    FileBuilder file;
-    file.pad_to(12).ascii(magic).pad_to(36).i32(count).i32(640).i32(896).pad_to(56);
-    for (int i = 0; i < count; ++i)
-        file.i32(10 + 70 * i).i32(20 + 90 * i).i32(300 - i).i32(200 + 3 * i);
+Bytes puzzle_format_file(int count, const char* magic = "ZQPTM") {
+    Bytes file = magic_file(magic);
+    put(put(file, 36, {count, 640, 896}), 56, {});
+    for (int i = 0; i < count; ++i) put(file, 0, {10 + 70 * i, 20 + 90 * i, 300 - i, 200 + 3 * i});
     return file;
 }
 
@@ -119,12 +114,12 @@ void record_puzzle_format(Recorder& out, cpuzzleformat& format) {
 void record_puzzle_formats(Recorder& out) {
     cpuzzleformat format;
     for (const int count : {4, 9, 0, 10, -3}) {
-        FileBuilder file = puzzle_format_file(count);
-        out.i32(format.ReadPuzzleFormatFile(file.data.data(), file.size()));
+        Bytes file = puzzle_format_file(count);
+        out.i32(format.ReadPuzzleFormatFile(file.data(), int(file.size())));
         record_puzzle_format(out, format);
     }
-    FileBuilder wrong = puzzle_format_file(2, "ZQPTX");
-    out.i32(format.ReadPuzzleFormatFile(wrong.data.data(), wrong.size()));
+    Bytes wrong = puzzle_format_file(2, "ZQPTX");
+    out.i32(format.ReadPuzzleFormatFile(wrong.data(), int(wrong.size())));
     format.SetPuzzleRectWithIndex(3, {-1, -2, 3, 4});
     format.SetPuzzleRectWithIndex(12, {5, 6, 7, 8});
     record_puzzle_format(out, format);
@@ -134,8 +129,8 @@ void record_puzzle_formats(Recorder& out) {
 // depends on it.
 void record_template_puzzle(Recorder& out) {
     ctemplatepuzzle puzzle;
-    FileBuilder file = puzzle_format_file(5);
-    out.i32(puzzle.ReadPuzzleFormatFile(file.data.data(), file.size()));
+    Bytes file = puzzle_format_file(5);
+    out.i32(puzzle.ReadPuzzleFormatFile(file.data(), int(file.size())));
     out.i32(puzzle.GetFormatCount());
     for (int i = -1; i <= 9; ++i) record_rect(out, puzzle.GetFormatRectWithIndex(i));
 }
@@ -143,15 +138,15 @@ void record_template_puzzle(Recorder& out) {
 // "MZYPT" free collage layouts with count cell records.
 void record_free_puzzles(Recorder& out) {
     for (const int count : {9, 3, 0, 10}) {
-        FileBuilder file;
-        file.pad_to(12).ascii("MZYPT").pad_to(36).i32(count).pad_to(56);
+        Bytes file = magic_file("MZYPT");
+        put(put(file, 36, {count}), 56, {});
         for (int i = 0; i < count; ++i) {
-            file.i32(20 + 60 * i).i32(30 + 80 * i).i32(240 + 5 * i).i32(320 - 7 * i);
-            file.i32(-10 - i).i32(15 + 2 * i).i32(-5).i32(5 + i).i32(-12 + i).i32(12);
-            file.f32(0.7f + 0.05f * i).f32(1.0f + 0.1f * (i % 3)).u32(0).u32(0);
+            put(file, 0,
+                {20 + 60 * i, 30 + 80 * i, 240 + 5 * i, 320 - 7 * i, -10 - i, 15 + 2 * i, -5, 5 + i,
+                 -12 + i, 12, bits(0.7f + 0.05f * i), bits(1.0f + 0.1f * (i % 3)), 0, 0});
         }
         cfreepuzzle puzzle;
-        out.i32(puzzle.ReadFrameFile(file.data.data(), file.size()));
+        out.i32(puzzle.ReadFrameFile(file.data(), int(file.size())));
         out.i32(puzzle.GetCount());
         record_size(out, puzzle.GetResultSize());
         for (int i = -1; i <= 9; ++i) {
@@ -164,12 +159,12 @@ void record_free_puzzles(Recorder& out) {
 }
 
 void record_bubbles(Recorder& out) {
-    FileBuilder file;
-    file.pad_to(187).i32(40).i32(25).pad_to(211).i32(300).i32(-10).pad_to(220).bytes(
-        {12, 200, 99, 7});
-    for (const std::size_t length : {file.data.size(), std::size_t(223)}) {
+    Bytes file;
+    put(put(put(file, 187, {40, 25}), 211, {300, -10}), 220, {});
+    file.insert(file.end(), {12, 200, 99, 7});
+    for (const std::size_t length : {file.size(), std::size_t(223)}) {
         csbubble bubble;
-        Bytes bytes(file.data.begin(), file.data.begin() + length);
+        Bytes bytes(file.begin(), file.begin() + length);
         out.i32(bubble.ReadFrameFile(bytes.data(), static_cast<int>(bytes.size())));
         record_rect(out, bubble.GetTextDrawRect());
         for (int i = -1; i <= 4; ++i) out.i32(bubble.GetTextColorWithIndex(i));
@@ -180,10 +175,9 @@ void record_bubbles(Recorder& out) {
 
 Cases frame_cases() {
     return {
-        sweep({1.0f, 0.5f, 2.0f},
-              [](float scale) {
-                  return custom(named("frame.cframe::GetCompositeImage", scale),
-                                [=](Recorder& out) { record_framed(out, scale); });
+        sweep("frame.cframe::GetCompositeImage", {1.0f, 0.5f, 2.0f},
+              [](std::string name, float scale) {
+                  return custom(name, [=](Recorder& out) { record_framed(out, scale); });
               }),
         custom("frame.draw",
                [](Recorder& out) {

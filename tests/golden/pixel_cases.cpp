@@ -8,106 +8,77 @@ namespace qtzq_golden {
 namespace {
 
 // A table that is neither monotone nor symmetric: a fold with an offset.
-Bytes folded_table(int offset) {
+Bytes folded(int offset) {
     Bytes table(256);
-    for (int i = 0; i < 256; ++i)
-        table[i] = static_cast<unsigned char>((i < 128 ? 2 * i : 511 - 2 * i) ^ offset);
+    for (int i = 0; i < 256; ++i) table[i] = std::uint8_t((i < 128 ? 2 * i : 511 - 2 * i) ^ offset);
     return table;
 }
 
 // Brightness and contrast: identity, mild, strong, the flattening contrast
 // -100, the doubling +100, and far outside the usual range.
-constexpr long kLightSettings[][2] = {{0, 0},    {30, -20}, {-60, 45},   {200, 0},
-                                      {0, -100}, {0, 100},  {-300, 250}, {-128, -250}};
+constexpr long kLight[][2] = {{0, 0},    {30, -20}, {-60, 45},   {200, 0},
+                              {0, -100}, {0, 100},  {-300, 250}, {-128, -250}};
 constexpr int kBrightContrastSaturation[][3] = {
     {0, 0, 0}, {0, 0, 45}, {20, 0, 0}, {-15, 30, -60}, {10, -20, 30}};
 // Red, green, blue gammas: identity, mixed, and one refused (a zero).
 constexpr float kGammas[][3] = {{1, 1, 1}, {2, 0.5f, 1.3f}, {0.45f, 2.2f, 1}, {1, 0, 1}};
+constexpr int kShifts[][3] = {{40, 25, 0}, {255, 1, 128}};
 // Saturation matrices: identity, grey (every row the luma weights), and one
 // that swaps and overshoots (negative and above-256 entries).
 int kMatrices[][9] = {{256, 0, 0, 0, 256, 0, 0, 0, 256},
                       {79, 156, 21, 79, 156, 21, 79, 156, 21},
                       {-40, 300, 12, 512, -256, 0, 30, 30, 200}};
-
-using ByteConversion = void (*)(unsigned char, unsigned char, unsigned char, unsigned char*,
-                                unsigned char*, unsigned char*);
-
-// A conversion of three bytes into three bytes, on every colour.
-Case bytes3(const std::string& name, ByteConversion convert) {
-    return colour(name,
-                  [convert](unsigned char r, unsigned char g, unsigned char b, Recorder& out) {
-                      unsigned char result[3] = {0xCD, 0xCD, 0xCD};
-                      convert(r, g, b, &result[0], &result[1], &result[2]);
-                      out.bytes(result, 3);
-                  });
-}
+constexpr long kSaturateAmounts[] = {-255, -100, -40, 0, 35, 100, 255};
 
 Cases tone_cases() {
     return {
-        image("pixel.Lut", [](auto* p, int w, int h) { Lut(p, folded_table(0x35).data(), w, h); }),
+        image("pixel.Lut", [](Px p, int w, int h) { Lut(p, folded(0x35).data(), w, h); }),
         image("pixel.LutEx",
-              [](auto* p, int w, int h) {
-                  LutEx(p, w, h, folded_table(1).data(), folded_table(2).data(),
-                        folded_table(3).data(), nullptr);
+              [](Px p, int w, int h) {
+                  LutEx(p, w, h, folded(1).data(), folded(2).data(), folded(3).data(), nullptr);
               }),
         image("pixel.LutEx.alpha",
-              [](auto* p, int w, int h) {
-                  LutEx(p, w, h, folded_table(1).data(), folded_table(2).data(),
-                        folded_table(3).data(), folded_table(4).data());
+              [](Px p, int w, int h) {
+                  LutEx(p, w, h, folded(1).data(), folded(2).data(), folded(3).data(),
+                        folded(4).data());
               }),
-        sweep(kLightSettings,
-              [](auto& s) {
-                  const long brightness = s[0], contrast = s[1];
-                  return Cases{
-                      image(named("pixel.Light", brightness, contrast),
-                            [=](auto* p, int w, int h) { Light(p, w, h, brightness, contrast); }),
-                      custom(named("pixel.LightNew", brightness, contrast), [=](Recorder& out) {
-                          Bytes pixels = photo(3, 5), table(256, 0xCD);
-                          LightNew(pixels.data(), table.data(), 3, 5, brightness, contrast);
-                          out.bytes(table);
-                          out.image(pixels, 3, 5);
-                      })};
+        image_sweep("pixel.Light", Light, kLight),
+        // The table of the 3x5 photo's adjustment.
+        sweep("pixel.LightNew", kLight,
+              [](std::string name, long brightness, long contrast) {
+                  return custom(name, [=](Recorder& out) {
+                      Bytes pixels = photo(3, 5), table(256, 0xCD);
+                      LightNew(pixels.data(), table.data(), 3, 5, brightness, contrast);
+                      out.bytes(table);
+                      out.image(pixels, 3, 5);
+                  });
               }),
-        sweep({-150, -40, 0, 25, 90},
-              [](int a) {
-                  return Cases{image(named("pixel.Bright", a),
-                                     [=](auto* p, int w, int h) { Bright(p, w, h, a); }),
-                               image(named("pixel.Contrast", a),
-                                     [=](auto* p, int w, int h) { Contrast(p, w, h, a); })};
+        image_sweep("pixel.Bright", Bright, {-150, -40, 0, 25, 90}),
+        image_sweep("pixel.Contrast", Contrast, {-150, -40, 0, 25, 90}),
+        image_sweep("pixel.Saturation", Saturation, {-100, -30, 40, 100}),
+        image_sweep("pixel.BrightContrastSaturation", BrightContrastSaturation,
+                    kBrightContrastSaturation),
+        image_sweep("pixel.GammaRGB",
+                    [](Px p, int w, int h, int i) {
+                        GammaRGB(p, w, h, kGammas[i][0], kGammas[i][1], kGammas[i][2]);
+                    },
+                    {0, 1, 2, 3}),
+        sweep("pixel.ShiftRGBEx", kShifts,
+              [](std::string name, int r, int g, int b) {
+                  return pixel(name, [=](Px px) { ShiftRGBEx(px, r, g, b); });
               }),
-        sweep({-100, -30, 40, 100},
-              [](int a) {
-                  return image(named("pixel.Saturation", a),
-                               [=](auto* p, int w, int h) { Saturation(p, w, h, a); });
-              }),
-        sweep(kBrightContrastSaturation,
-              [](auto& m) {
-                  return image(named("pixel.BrightContrastSaturation", m[0], m[1], m[2]),
-                               [=](auto* p, int w, int h) {
-                                   BrightContrastSaturation(p, w, h, m[0], m[1], m[2]);
-                               });
-              }),
-        sweep({0, 1, 2, 3},
-              [](int i) {
-                  const float* g = kGammas[i];
-                  return image(named("pixel.GammaRGB", i),
-                               [=](auto* p, int w, int h) { GammaRGB(p, w, h, g[0], g[1], g[2]); });
-              }),
-        pixel("pixel.ShiftRGBEx.40_25_0", [](auto* px) { ShiftRGBEx(px, 40, 25, 0); }),
-        pixel("pixel.ShiftRGBEx.255_1_128", [](auto* px) { ShiftRGBEx(px, 255, 1, 128); }),
         pixel("pixel.SetGrayScaleEx", SetGrayScaleEx),
-        pixel("pixel.SetGrayScaleExNew", [](auto* px) { SetGrayScaleExNew(px, px + 3); }),
-        sweep({0L, 20L, -50L, 300L},
-              [](long a) {
+        pixel("pixel.SetGrayScaleExNew", [](Px px) { SetGrayScaleExNew(px, px + 3); }),
+        sweep("pixel.NoiseEx", {0L, 20L, -50L, 300L},
+              [](std::string name, long a) {
                   return Cases{pixel(
-                                   named("pixel.NoiseEx", a), [=](auto* px) { NoiseEx(px, a); },
-                                   Needs::rand),
+                                   name, [=](Px px) { NoiseEx(px, a); }, Needs::rand),
                                pixel(
-                                   named("pixel.NoiseExNew", a),
-                                   [=](auto* px) { NoiseExNew(px, a); }, Needs::rand)};
+                                   named("pixel.NoiseExNew", a), [=](Px px) { NoiseExNew(px, a); },
+                                   Needs::rand)};
               }),
-        // Packing to 3-byte pixels, every scene whole; the byte past the
-        // packed run must stay as it was.
+        // Packing every scene whole to 3-byte pixels; the byte past the packed
+        // run must stay as it was.
         custom("pixel.tfbitCopy",
                [](Recorder& out) {
                    for (Scene s : scenes()) {
@@ -117,45 +88,43 @@ Cases tone_cases() {
                        out.image(s.photo, s.width, s.height);
                    }
                }),
-        image("pixel.SpliteToR", [](auto* p, int w, int h) { SpliteToR(p, h, w); }),
+        image("pixel.SpliteToR", [](Px p, int w, int h) { SpliteToR(p, h, w); }),
         // Colour balance: every region, with and without the kept lightness,
         // and the three fixed-setting variants.
-        sweep({false, true},
-              [](bool keep) {
-                  const std::string k = "." + label(keep);
-                  return Cases{
-                      sweep({0, 1, 2},
-                            [=](int r) {
-                                return image("pixel.CColorBalance" + k + "." + label(r),
-                                             [=](auto* p, int w, int h) {
-                                                 CColorBalance(keep, _TONE_REGION(r), 37, -61, 100,
-                                                               p, h, w);
-                                             });
-                            }),
-                      image("pixel.CColorBalance_0_13_0_21" + k,
-                            [=](auto* p, int w, int h) {
-                                CColorBalance_0_13_0_21(keep, _TONE_REGION(0), 0, 0, 0, p, h, w);
-                            }),
-                      image("pixel.CColorBalance_1_2_0_8" + k,
-                            [=](auto* p, int w, int h) {
-                                CColorBalance_1_2_0_8(keep, _TONE_REGION(1), 0, 0, 0, p, h, w);
-                            }),
-                      image("pixel.CColorBalance_2_0_0_s13" + k,
-                            [=](auto* p, int w, int h) {
-                                CColorBalance_2_0_0_s13(keep, _TONE_REGION(2), 0, 0, 0, p, h, w);
-                            }),
-                      image("pixel.AutoColorLevel" + k,
-                            [=](auto* p, int w, int h) { AutoColorLevel(p, w, h, keep); })};
+        sweep("pixel.CColorBalance", {false, true},
+              [](std::string name, bool keep) {
+                  return image_sweep(name,
+                                     [=](Px p, int w, int h, int region) {
+                                         CColorBalance(keep, _TONE_REGION(region), 37, -61, 100, p,
+                                                       h, w);
+                                     },
+                                     {0, 1, 2});
               }),
+        image_sweep("pixel.CColorBalance_0_13_0_21",
+                    [](Px p, int w, int h, bool keep) {
+                        CColorBalance_0_13_0_21(keep, _TONE_REGION(0), 0, 0, 0, p, h, w);
+                    },
+                    {false, true}),
+        image_sweep("pixel.CColorBalance_1_2_0_8",
+                    [](Px p, int w, int h, bool keep) {
+                        CColorBalance_1_2_0_8(keep, _TONE_REGION(1), 0, 0, 0, p, h, w);
+                    },
+                    {false, true}),
+        image_sweep("pixel.CColorBalance_2_0_0_s13",
+                    [](Px p, int w, int h, bool keep) {
+                        CColorBalance_2_0_0_s13(keep, _TONE_REGION(2), 0, 0, 0, p, h, w);
+                    },
+                    {false, true}),
+        image_sweep("pixel.AutoColorLevel", AutoColorLevel, {false, true}),
         image("pixel.DanyaUseStone",
-              [](auto* p, int w, int h) { DanyaUseStone(p, w, h, 1, 20, -15, 30); }),
+              [](Px p, int w, int h) { DanyaUseStone(p, w, h, 1, 20, -15, 30); }),
         // Histogram counts and the range getters of every table.
         custom("pixel.CHistogram",
                [](Recorder& out) {
                    for (Scene s : scenes()) {
                        CHistogram histogram(s.photo.data(), s.width, s.height);
-                       for (const int c : {0, 1, 2, 4}) {
-                           const auto channel = _IMAGE_CHANNEL(c);
+                       for (const auto channel : {_IMAGE_CHANNEL(0), _IMAGE_CHANNEL(1),
+                                                  _IMAGE_CHANNEL(2), _IMAGE_CHANNEL(4)}) {
                            for (int v = 0; v < 256; ++v)
                                out.i32(histogram.GetChannelHistogram(channel, v));
                            histogram.SetStart(30);
@@ -169,34 +138,26 @@ Cases tone_cases() {
                        out.i32(histogram.GetPixelNumber());
                    }
                }),
-    };
-}
-
-Cases saturation_cases() {
-    return {
-        sweep({0, 1, 2},
-              [](int i) {
-                  return pixel(named("pixel.SaturateconstMatrix", i),
-                               [=](auto* px) { SaturateconstMatrix(px, kMatrices[i]); });
+        sweep("pixel.SaturateconstMatrix", {0, 1, 2},
+              [](std::string name, int i) {
+                  return pixel(name, [=](Px px) { SaturateconstMatrix(px, kMatrices[i]); });
               }),
-        sweep({-255L, -100L, -40L, 0L, 35L, 100L, 255L},
-              [](long a) {
-                  return Cases{
-                      image(named("pixel.Saturateconst", a),
-                            [=](auto* p, int w, int h) { Saturateconst(p, w, h, a); }),
-                      sweep({1L, 2L, 3L}, [=](long mode) {
-                          return image(
-                              "pixel.Saturateconst.mode" + label(mode) + "." + label(a),
-                              [=](auto* p, int w, int h) { Saturateconst(p, w, h, a, mode); });
-                      })};
+        image_sweep(
+            "pixel.Saturateconst", [](Px p, int w, int h, long a) { Saturateconst(p, w, h, a); },
+            kSaturateAmounts),
+        sweep("pixel.Saturateconst", {1L, 2L, 3L},
+              [](std::string, long mode) {
+                  return image_sweep(
+                      "pixel.Saturateconst.mode" + label(mode),
+                      [=](Px p, int w, int h, long a) { Saturateconst(p, w, h, a, mode); },
+                      kSaturateAmounts);
               }),
     };
 }
 
 // Each blend over every pair of byte values in every channel, at every
-// opacity of kBlendOpacities.
+// opacity of the blend shape.
 Cases blend_cases() {
-    using Px = unsigned char*;
     return {
         blend("pixel.NormalEx", NormalEx),
         blend("pixel.ImageNormalEx", ImageNormalEx),
@@ -234,6 +195,16 @@ Cases blend_cases() {
     };
 }
 
+// A conversion of three bytes into three bytes, on every colour.
+Case bytes3(const std::string& name,
+            void (*convert)(std::uint8_t, std::uint8_t, std::uint8_t, Px, Px, Px)) {
+    return colour(name, [convert](std::uint8_t r, std::uint8_t g, std::uint8_t b, Recorder& out) {
+        unsigned char result[3] = {0xCD, 0xCD, 0xCD};
+        convert(r, g, b, &result[0], &result[1], &result[2]);
+        out.bytes(result, 3);
+    });
+}
+
 // Each forward conversion on every colour, the inverse ones on the same byte
 // triples or on the forward results (round trips), and the scalar hue
 // helpers on grids over and beyond their ranges.
@@ -251,7 +222,7 @@ Cases colour_space_cases() {
         bytes3("pixel.RGBtoHSL2", RGBtoHSL2),
         bytes3("pixel.HSLtoRGB2", HSLtoRGB2),
         colour("pixel.RGBtoHSB.HSBtoRGB",
-               [](unsigned char r, unsigned char g, unsigned char b, Recorder& out) {
+               [](std::uint8_t r, std::uint8_t g, std::uint8_t b, Recorder& out) {
                    float hue = -1, saturation = -1, brightness = -1;
                    RGBtoHSB(r, g, b, hue, saturation, brightness);
                    unsigned char rgb[3] = {0xCD, 0xCD, 0xCD};
@@ -260,7 +231,7 @@ Cases colour_space_cases() {
                    out.bytes(rgb, 3);
                }),
         colour("pixel.RGBtoHLS.HLStoRGB",
-               [](unsigned char r, unsigned char g, unsigned char b, Recorder& out) {
+               [](std::uint8_t r, std::uint8_t g, std::uint8_t b, Recorder& out) {
                    double hue = -1, lightness = -1, saturation = -1, lightness_only = -1;
                    RGBtoHLS(r, g, b, &hue, &lightness, &saturation);
                    RGBtoHLS_L(r, g, b, &lightness_only);
@@ -268,12 +239,11 @@ Cases colour_space_cases() {
                    out.u32(HLStoRGB(hue, lightness, saturation));
                }),
         colour("pixel.RGBtoIntHLS.intHLStoRGB",
-               [](unsigned char r, unsigned char g, unsigned char b, Recorder& out) {
+               [](std::uint8_t r, std::uint8_t g, std::uint8_t b, Recorder& out) {
                    int hls[3] = {-1, -1, -1}, rgb[3] = {-1, -1, -1};
                    RGBtoIntHLS(r, g, b, &hls[0], &hls[1], &hls[2]);
                    intHLStoRGB(hls[0], hls[1], hls[2], &rgb[0], &rgb[1], &rgb[2]);
-                   for (const int v : hls) out.i32(v);
-                   for (const int v : rgb) out.i32(v);
+                   for (const int v : {hls[0], hls[1], hls[2], rgb[0], rgb[1], rgb[2]}) out.i32(v);
                }),
         custom("pixel.HueToRGB",
                [](Recorder& out) {
@@ -300,8 +270,6 @@ Cases colour_space_cases() {
 
 }  // namespace
 
-Cases pixel_cases() {
-    return {tone_cases(), saturation_cases(), blend_cases(), colour_space_cases()};
-}
+Cases pixel_cases() { return {tone_cases(), blend_cases(), colour_space_cases()}; }
 
 }  // namespace qtzq_golden

@@ -12,8 +12,6 @@ namespace qtzq_golden {
 
 namespace {
 
-using Px = unsigned char*;
-
 // Control points of tone curves: identity, S-curve, single point, extremes,
 // out of order, duplicate x.
 const std::vector<std::vector<_POINT>> kCurvePoints = {
@@ -80,33 +78,34 @@ Cases styles_cases() {
         image("styles.StyleImpression", StyleImpression),
         // Vivid colour.
         image("styles.StyleBaoColor", StyleBaoColor),
-        sweep({-20, 0, 25, 60, 100, 150},
-              [](int strength) {
-                  return image(named("styles.ABaoColor", strength),
-                               [=](auto* p, int w, int h) { ABaoColor(p, w, h, strength); });
-              }),
+        image_sweep("styles.ABaoColor", ABaoColor, {-20, 0, 25, 60, 100, 150}),
         // Material presets with no effect id, and the colourful frame by kind.
         scene("styles.StyleMilk",
               [](Recorder&, Scene& s) {
                   StyleMilk(s.photo.data(), s.material1.data(), s.material2.data(),
                             s.material3.data(), s.width, s.height);
               }),
-        tables("styles.StyleRouguang", StyleRouguang),
-        sweep({0, 1, 2, 3, 4, 5},
-              [](int kind) {
-                  return material(named("styles.FrameXCBK", kind),
+        scene("styles.StyleRouguang",
+              [](Recorder& out, Scene& s) {
+                  Bytes tables = blend_tables();
+                  StyleRouguang(s.photo.data(), s.material1.data(), s.width, s.height,
+                                tables.data());
+                  record_read_only(out, tables, blend_tables());
+              }),
+        sweep("styles.FrameXCBK", {0, 1, 2, 3, 4, 5},
+              [](std::string name, int kind) {
+                  return material(name,
                                   [=](Px p, Px m, int w, int h) { FrameXCBK(p, m, w, h, kind); });
               }),
         // Zoom-blur presets.
         material("styles.StyleYiZhou", StyleYiZhou),
         custom("styles.StyleChuanYue1.StyleChuanYue3", record_time_tunnel),
         // Tone curves: each point list through every slot.
-        sweep({0, 1, 2, 3, 4, 5},
-              [](int k) {
-                  return image(named("curve.SFCurve", k),
-                               [points = kCurvePoints[k]](Px p, int w, int h) mutable {
-                                   apply_curves(points, p, w, h);
-                               });
+        sweep("curve.SFCurve", {0, 1, 2, 3, 4, 5},
+              [](std::string name, int k) {
+                  return image(name, [points = kCurvePoints[k]](Px p, int w, int h) mutable {
+                      apply_curves(points, p, w, h);
+                  });
               }),
     };
 }
