@@ -13,22 +13,27 @@ namespace {
 
 // Row and column radii: none, small, one direction only, equal, clamped
 // (negative, above 255), fractional, large.
-constexpr double kBlurRadii[][2] = {{0, 0}, {1, 1},     {2.5, 0}, {0, 3},
-                                    {5, 5}, {-5, 1000}, {30, 7},  {0.3, 120}};
-constexpr int kBrushRadii[][2] = {{2, 2}, {0, 5}, {7, 3}, {20, 20}};
+constexpr std::array<double, 2> kBlurRadii[] = {{0, 0}, {1, 1},     {2.5, 0}, {0, 3},
+                                                {5, 5}, {-5, 1000}, {30, 7},  {0.3, 120}};
+constexpr std::array<int, 2> kBrushRadii[] = {{2, 2}, {0, 5}, {7, 3}, {20, 20}};
 
-// The six coefficient groups of five doubles.
+// The coefficient groups of five doubles: n, m, d, dAnti, bn, bm.
 void record_groups(Recorder& out, std::initializer_list<const double*> groups) {
     for (const double* group : groups) {
         for (int i = 0; i < 5; ++i) out.f64(group[i]);
     }
 }
 
+// The free functions' coefficients for each sigma.
 using FreeConstants = void (*)(double*, double*, double*, double*, double*, double*, double);
-void record_free_constants(Recorder& out, FreeConstants fill, double sigma) {
-    double c[6][5] = {};
-    fill(c[0], c[1], c[2], c[3], c[4], c[5], sigma);
-    record_groups(out, {c[0], c[1], c[2], c[3], c[4], c[5]});
+Case free_constants(const std::string& name, FreeConstants fill, std::vector<double> sigmas) {
+    return custom(name, [=](Recorder& out) {
+        for (const double sigma : sigmas) {
+            double c[6][5] = {};
+            fill(c[0], c[1], c[2], c[3], c[4], c[5], sigma);
+            record_groups(out, {c[0], c[1], c[2], c[3], c[4], c[5]});
+        }
+    });
 }
 
 // Resizes a copy of each scene's photo (4 and 3 bytes per pixel) to a few
@@ -37,7 +42,7 @@ void record_resampled(Recorder& out) {
     for (const Scene& s : scenes()) {
         const int w = s.width, h = s.height;
         for (const int depth : {4, 3}) {
-            for (const auto [to_w, to_h] :
+            for (const auto& [to_w, to_h] :
                  {std::pair{1, 1}, {5, 3}, {2 * w + 1, h}, {w, h}, {0, h}, {w, 0}}) {
                 const std::size_t size = std::size_t(w) * h * depth;
                 auto* image = new unsigned char[size];
@@ -104,15 +109,9 @@ Cases blur_cases() {
                          std::nan(""), 2147483647.0, 2147483647.5, -2147483648.0, -2147483648.5})
                        out.i32(util.DoubleToInt_IEEE(v));
                }),
-        custom("blur.find_constants",
-               [](Recorder& out) {
-                   for (const double sigma : {0.5, 1.0, 2.0, 3.7, 12.0, 80.0})
-                       record_free_constants(out, find_constants, sigma);
-               }),
-        custom("blur.find_constants_2",
-               [](Recorder& out) { record_free_constants(out, find_constants_2, 2.0); }),
-        custom("blur.find_constants_12",
-               [](Recorder& out) { record_free_constants(out, find_constants_12, 12.0); }),
+        free_constants("blur.find_constants", find_constants, {0.5, 1.0, 2.0, 3.7, 12.0, 80.0}),
+        free_constants("blur.find_constants_2", find_constants_2, {2.0}),
+        free_constants("blur.find_constants_12", find_constants_12, {12.0}),
         image_sweep("blur.GaussIIRBlurBrush", GaussIIRBlurBrush, kBrushRadii),
         sweep("blur.StyleSharp", {1, 2, 3, 10, 50},
               [](std::string, int radius) {
@@ -157,7 +156,7 @@ Cases blur_cases() {
                }),
         custom("blur.WeakRoundChange",
                [](Recorder& out) {
-                   for (const auto [inner, outer] :
+                   for (const auto& [inner, outer] :
                         {std::pair{4, 8}, {1, 2}, {10, 30}, {7, 8}, {3, 0}}) {
                        Bytes patch(std::size_t(2 * outer + 1) * (2 * outer + 1) + 1, 0xCD);
                        WeakRoundChange(patch.data(), inner, outer);

@@ -101,7 +101,7 @@ void record_new_buffer(Recorder& out, unsigned char* buffer, int width, int heig
     delete[] buffer;
 }
 
-constexpr int kMixes[][3] = {{0, 0, 0}, {25, -10, 40}, {-40, 60, -80}, {10, 0, 255}};
+constexpr std::array<int, 3> kMixes[] = {{0, 0, 0}, {25, -10, 40}, {-40, 60, -80}, {10, 0, 255}};
 
 }  // namespace
 
@@ -113,7 +113,7 @@ Cases facade_cases() {
         image("facade.sample", [](Px p, int w, int h) { return Qtzqeffect().sample(p, w, h); }),
         custom("facade.randInt",
                [](Recorder& out) {
-                   for (const auto [low, high] :
+                   for (const auto& [low, high] :
                         {std::pair{0, 100}, {5, 5}, {100, 0}, {INT_MIN, INT_MAX}})
                        out.i32(Qtzqeffect().randInt(low, high));
                }),

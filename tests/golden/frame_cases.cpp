@@ -1,8 +1,6 @@
 // Golden cases of frames, collages and speech bubbles, read from files built
 // in the library's layouts: 32-bit little-endian integers, ASCII magics and
 // raw blocks at fixed offsets.
-#include <cstring>
-
 #include "golden.h"
 #include "qtzqeffect/frame.h"
 
@@ -20,10 +18,10 @@ Bytes& put(Bytes& file, std::size_t at, std::initializer_list<std::int64_t> word
     return file;
 }
 
-std::uint32_t bits(float value) {
-    std::uint32_t bits;
-    std::memcpy(&bits, &value, 4);
-    return bits;
+// The start of a collage file: its five-letter magic at offset 12.
+Bytes magic_file(const char* magic) {
+    const std::string header = std::string(12, '\0') + magic;
+    return Bytes(header.begin(), header.end());
 }
 
 void record_rect(Recorder& out, const _tagCGRect& r) {
@@ -31,8 +29,7 @@ void record_rect(Recorder& out, const _tagCGRect& r) {
 }
 
 void record_size(Recorder& out, const _tagCGSize& s) {
-    out.i32(s.width);
-    out.i32(s.height);
+    for (const int v : {s.width, s.height}) out.i32(v);
 }
 
 // Piece sizes of the eight frame slots: corners top-left, bottom-left,
@@ -40,61 +37,36 @@ void record_size(Recorder& out, const _tagCGSize& s) {
 constexpr int kPieceSizes[8][2] = {{6, 5}, {6, 7}, {8, 5}, {8, 7}, {4, 3}, {4, 3}, {3, 5}, {3, 5}};
 
 // Reads a frame file with corner insets and eight present records (record k
-// carries k + 3 bytes), records the raw blocks, and gives every slot its
-// decoded piece (materials with varying alpha, so blending shows).
-void load_frame(cframe& frame, Recorder& out) {
-    Bytes file;
-    put(put(file, 44, {3, 2, 3, 4, 5, 2, 5, 4}), 80, {});
-    for (int slot = 0; slot < 8; ++slot) {
-        file.insert(file.end(), {1, 0xEE, 0xEE, 0xEE});
-        put(file, 0, {0xEEEEEEEE, slot + 3});
-        for (int i = 0; i < slot + 3; ++i) file.push_back(std::uint8_t(16 * slot + i));
-    }
-    out.i32(frame.ReadFrameFile(file.data(), int(file.size())));
-    for (int slot = 0; slot < 8; ++slot) {
-        int length = -1;
-        const unsigned char* block = frame.GetFrameImage(slot, length);
-        out.i32(length);
-        if (block && length > 0) out.bytes(block, static_cast<std::size_t>(length));
-        const int w = kPieceSizes[slot][0], h = kPieceSizes[slot][1];
-        Bytes piece = material_image(w, h, 1 + slot % 3);
-        frame.SetFrameImageData(slot, piece.data(), w, h);
-    }
-}
-
+// carries k + 3 bytes) and records the raw blocks; then frames every scene's
+// photo with decoded pieces (materials with varying alpha, so blending shows).
 void record_framed(Recorder& out, float scale) {
     for (const Scene& s : scenes()) {
+        Bytes file;
+        put(put(file, 44, {3, 2, 3, 4, 5, 2, 5, 4}), 80, {});
+        for (int slot = 0; slot < 8; ++slot) {
+            file.insert(file.end(), {1, 0xEE, 0xEE, 0xEE});
+            put(file, 0, {0xEEEEEEEE, slot + 3});
+            for (int i = 0; i < slot + 3; ++i) file.push_back(std::uint8_t(16 * slot + i));
+        }
         cframe frame;
-        load_frame(frame, out);
-        Bytes photo_copy = s.photo;
+        out.i32(frame.ReadFrameFile(file.data(), int(file.size())));
+        for (int slot = 0; slot < 8; ++slot) {
+            int length = -1;
+            const unsigned char* block = frame.GetFrameImage(slot, length);
+            out.i32(length);
+            if (block && length > 0) out.bytes(block, std::size_t(length));
+            const int w = kPieceSizes[slot][0], h = kPieceSizes[slot][1];
+            Bytes piece = material_image(w, h, 1 + slot % 3);
+            frame.SetFrameImageData(slot, piece.data(), w, h);
+        }
+        Bytes photo = s.photo;
         int width = -1, height = -1;
         const unsigned char* framed =
-            frame.GetCompositeImage(photo_copy.data(), s.width, s.height, scale, &width, &height);
+            frame.GetCompositeImage(photo.data(), s.width, s.height, scale, &width, &height);
         out.i32(framed != nullptr);
         if (framed) out.image(framed, width, height);
-        record_read_only(out, photo_copy, s.photo);
+        record_read_only(out, photo, s.photo);
     }
-}
-
-void draw_pieces(Recorder& out, Scene& s) {
-    Bytes piece = material_image(5, 4, 2);
-    for (const auto& [x, y] : {std::pair{-2, -1}, {0, 0}, {s.width - 3, s.height - 2}, {1, 1}})
-        draw(s.photo.data(), s.width, s.height, x, y, piece.data(), 5, 4);
-    out.image(s.photo, s.width, s.height);
-}
-
-void draw_rects(Scene& s) {
-    const ZQ2DRect regions[] = {
-        {0, 0, s.width, s.height}, {1, 1, 4, 3}, {-2, -2, 3, 3}, {2, 5, 1, 4}, {0, 3, 9, 3}};
-    for (int shift = 0; shift < 5; ++shift)
-        drawRect(s.photo.data(), s.width, s.height, s.material2.data(), s.width, s.height,
-                 shift - 1, shift / 2, regions[shift]);
-}
-
-// The start of a collage file: its five-letter magic at offset 12.
-Bytes magic_file(const char* magic) {
-    const std::string header = std::string(12, '\0') + magic;
-    return Bytes(header.begin(), header.end());
 }
 
 // A "ZQPTM" puzzle format file with count cells (magic replaceable).
@@ -105,24 +77,23 @@ Bytes puzzle_format_file(int count, const char* magic = "ZQPTM") {
     return file;
 }
 
-void record_puzzle_format(Recorder& out, cpuzzleformat& format) {
-    out.i32(format.GetPuzzleFormatCount());
-    record_size(out, format.GetPuzzleResultSize());
-    for (int i = -1; i <= 9; ++i) record_rect(out, format.GetPuzzleRectWithIndex(i));
-}
-
 void record_puzzle_formats(Recorder& out) {
     cpuzzleformat format;
+    const auto record = [&] {
+        out.i32(format.GetPuzzleFormatCount());
+        record_size(out, format.GetPuzzleResultSize());
+        for (int i = -1; i <= 9; ++i) record_rect(out, format.GetPuzzleRectWithIndex(i));
+    };
     for (const int count : {4, 9, 0, 10, -3}) {
         Bytes file = puzzle_format_file(count);
         out.i32(format.ReadPuzzleFormatFile(file.data(), int(file.size())));
-        record_puzzle_format(out, format);
+        record();
     }
     Bytes wrong = puzzle_format_file(2, "ZQPTX");
     out.i32(format.ReadPuzzleFormatFile(wrong.data(), int(wrong.size())));
     format.SetPuzzleRectWithIndex(3, {-1, -2, 3, 4});
     format.SetPuzzleRectWithIndex(12, {5, 6, 7, 8});
-    record_puzzle_format(out, format);
+    record();
 }
 
 // Reads into the process-wide table; nothing else in the golden cases
@@ -143,7 +114,8 @@ void record_free_puzzles(Recorder& out) {
         for (int i = 0; i < count; ++i) {
             put(file, 0,
                 {20 + 60 * i, 30 + 80 * i, 240 + 5 * i, 320 - 7 * i, -10 - i, 15 + 2 * i, -5, 5 + i,
-                 -12 + i, 12, bits(0.7f + 0.05f * i), bits(1.0f + 0.1f * (i % 3)), 0, 0});
+                 -12 + i, 12, Recorder::bits<std::uint32_t>(0.7f + 0.05f * i),
+                 Recorder::bits<std::uint32_t>(1.0f + 0.1f * (i % 3)), 0, 0});
         }
         cfreepuzzle puzzle;
         out.i32(puzzle.ReadFrameFile(file.data(), int(file.size())));
@@ -165,7 +137,7 @@ void record_bubbles(Recorder& out) {
     for (const std::size_t length : {file.size(), std::size_t(223)}) {
         csbubble bubble;
         Bytes bytes(file.begin(), file.begin() + length);
-        out.i32(bubble.ReadFrameFile(bytes.data(), static_cast<int>(bytes.size())));
+        out.i32(bubble.ReadFrameFile(bytes.data(), int(bytes.size())));
         record_rect(out, bubble.GetTextDrawRect());
         for (int i = -1; i <= 4; ++i) out.i32(bubble.GetTextColorWithIndex(i));
     }
@@ -181,9 +153,25 @@ Cases frame_cases() {
               }),
         custom("frame.draw",
                [](Recorder& out) {
-                   for (Scene s : scenes()) draw_pieces(out, s);
+                   Bytes piece = material_image(5, 4, 2);
+                   for (Scene s : scenes()) {
+                       for (const auto& [x, y] :
+                            {std::pair{-2, -1}, {0, 0}, {s.width - 3, s.height - 2}, {1, 1}})
+                           draw(s.photo.data(), s.width, s.height, x, y, piece.data(), 5, 4);
+                       out.image(s.photo, s.width, s.height);
+                   }
                }),
-        scene("frame.drawRect", [](Recorder&, Scene& s) { draw_rects(s); }),
+        scene("frame.drawRect",
+              [](Recorder&, Scene& s) {
+                  const ZQ2DRect regions[] = {{0, 0, s.width, s.height},
+                                              {1, 1, 4, 3},
+                                              {-2, -2, 3, 3},
+                                              {2, 5, 1, 4},
+                                              {0, 3, 9, 3}};
+                  for (int k = 0; k < 5; ++k)
+                      drawRect(s.photo.data(), s.width, s.height, s.material2.data(), s.width,
+                               s.height, k - 1, k / 2, regions[k]);
+              }),
         custom("frame.cpuzzleformat", record_puzzle_formats),
         custom("frame.ctemplatepuzzle", record_template_puzzle),
         custom("frame.cfreepuzzle", record_free_puzzles, Needs::rand),

@@ -23,8 +23,8 @@
 #include <map>
 #include <set>
 #include <string>
+#include <tuple>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 namespace qtzq_golden {
@@ -47,7 +47,6 @@ class Recorder {
     void image(const Bytes& pixels, int width, int height) { image(pixels.data(), width, height); }
     std::string hex_digest();  // pads the message: the recorder is spent afterwards
 
-   private:
     template <typename Bits, typename Value>
     static Bits bits(Value value) {
         static_assert(sizeof(Bits) == sizeof(Value), "IEEE-754 single and double expected");
@@ -55,6 +54,8 @@ class Recorder {
         std::memcpy(&bits, &value, sizeof bits);
         return bits;
     }
+
+   private:
     void little_endian(std::uint64_t value, int size);
     void compress();
 
@@ -114,20 +115,16 @@ Cases blur_cases();
 Cases styles_cases();
 Cases frame_cases();
 
-// make(prefix.v1_v2..., v1, v2...) for each row: a value or an array of them.
-template <typename Row, typename F, std::size_t... I>
-auto spread(const Row& row, F f, std::index_sequence<I...>) {
-    return f(row[I]...);
-}
+// make(prefix.v1_v2..., v1, v2...) for each row: a value or a std::array.
 template <typename Row, std::size_t N, typename Make>
 Cases sweep(const std::string& prefix, const Row (&rows)[N], Make make) {
     Cases all;
     for (const Row& row : rows) {
         const auto with_name = [&](auto... v) { return make(named(prefix, v...), v...); };
-        if constexpr (std::is_array_v<Row>) {
-            all = {all, spread(row, with_name, std::make_index_sequence<std::extent_v<Row>>())};
-        } else {
+        if constexpr (std::is_scalar_v<Row>) {
             all = {all, with_name(row)};
+        } else {
+            all = {all, std::apply(with_name, row)};
         }
     }
     return all;
@@ -212,7 +209,6 @@ Case blend(std::string name, Fn fn) {
         }
     });
 }
-
 // The committed list: "name digest" lines sorted by name under a '#' header.
 using DigestList = std::map<std::string, std::string>;
 // Skips '#' and blank lines; throws std::runtime_error on a malformed or

@@ -88,7 +88,7 @@ const std::array<Bytes, 2>& channel_pairs() {
 const std::vector<Scene>& scenes() {
     static const std::vector<Scene> all = [] {
         std::vector<Scene> made;
-        for (const auto [w, h] :
+        for (const auto& [w, h] :
              {std::pair{1, 1}, {1, 6}, {6, 1}, {2, 2}, {3, 5}, {13, 7}, {97, 61}, {256, 256}}) {
             made.push_back({w, h, photo(w, h), material_image(w, h, 1), material_image(w, h, 2),
                             material_image(w, h, 3)});

@@ -8,21 +8,23 @@ namespace qtzq_golden {
 namespace {
 
 // A table that is neither monotone nor symmetric: a fold with an offset.
-Bytes folded(int offset) {
-    Bytes table(256);
-    for (int i = 0; i < 256; ++i) table[i] = std::uint8_t((i < 128 ? 2 * i : 511 - 2 * i) ^ offset);
-    return table;
+Px folded(int offset) {
+    static std::map<int, Bytes> tables;
+    Bytes& table = tables[offset];
+    for (int i = int(table.size()); i < 256; ++i)
+        table.push_back(std::uint8_t((i < 128 ? 2 * i : 511 - 2 * i) ^ offset));
+    return table.data();
 }
 
 // Brightness and contrast: identity, mild, strong, the flattening contrast
 // -100, the doubling +100, and far outside the usual range.
-constexpr long kLight[][2] = {{0, 0},    {30, -20}, {-60, 45},   {200, 0},
-                              {0, -100}, {0, 100},  {-300, 250}, {-128, -250}};
-constexpr int kBrightContrastSaturation[][3] = {
+constexpr std::array<long, 2> kLight[] = {{0, 0},    {30, -20}, {-60, 45},   {200, 0},
+                                          {0, -100}, {0, 100},  {-300, 250}, {-128, -250}};
+constexpr std::array<int, 3> kBrightContrastSaturation[] = {
     {0, 0, 0}, {0, 0, 45}, {20, 0, 0}, {-15, 30, -60}, {10, -20, 30}};
 // Red, green, blue gammas: identity, mixed, and one refused (a zero).
 constexpr float kGammas[][3] = {{1, 1, 1}, {2, 0.5f, 1.3f}, {0.45f, 2.2f, 1}, {1, 0, 1}};
-constexpr int kShifts[][3] = {{40, 25, 0}, {255, 1, 128}};
+constexpr std::array<int, 3> kShifts[] = {{40, 25, 0}, {255, 1, 128}};
 // Saturation matrices: identity, grey (every row the luma weights), and one
 // that swaps and overshoots (negative and above-256 entries).
 int kMatrices[][9] = {{256, 0, 0, 0, 256, 0, 0, 0, 256},
@@ -30,28 +32,69 @@ int kMatrices[][9] = {{256, 0, 0, 0, 256, 0, 0, 0, 256},
                       {-40, 300, 12, 512, -256, 0, 30, 30, 200}};
 constexpr long kSaturateAmounts[] = {-255, -100, -40, 0, 35, 100, 255};
 
+using Balance = void (*)(bool, _TONE_REGION, int, int, int, Px, int, int);
+using Conversion = void (*)(std::uint8_t, std::uint8_t, std::uint8_t, Px, Px, Px);
+
+// The table of the 3x5 photo's brightness and contrast adjustment.
+void record_light_table(Recorder& out, long brightness, long contrast) {
+    Bytes pixels = photo(3, 5), table(256, 0xCD);
+    LightNew(pixels.data(), table.data(), 3, 5, brightness, contrast);
+    out.bytes(table);
+    out.image(pixels, 3, 5);
+}
+
+// Packing every scene whole to 3-byte pixels; the byte past the packed run
+// must stay as it was.
+void record_packed(Recorder& out) {
+    for (Scene s : scenes()) {
+        Bytes packed(std::size_t(s.width) * s.height * 3 + 1, 0xCD);
+        tfbitCopy(s.photo.data(), packed.data(), s.width * s.height);
+        out.bytes(packed);
+        out.image(s.photo, s.width, s.height);
+    }
+}
+
+// Histogram counts and the range getters of every table.
+void record_histograms(Recorder& out) {
+    for (Scene s : scenes()) {
+        CHistogram histogram(s.photo.data(), s.width, s.height);
+        for (const int c : {0, 1, 2, 4}) {
+            const auto channel = _IMAGE_CHANNEL(c);
+            for (int v = 0; v < 256; ++v) out.i32(histogram.GetChannelHistogram(channel, v));
+            histogram.SetStart(30);
+            histogram.SetEnd(200);
+            for (const int v : {histogram.GetCount(channel), histogram.GetMaxCount(channel),
+                                histogram.GetAverage(channel)})
+                out.i32(v);
+            histogram.SetStart(0);
+            histogram.SetEnd(255);
+        }
+        out.i32(histogram.GetPixelNumber());
+    }
+}
+
+// A fixed-setting colour balance at its region, with and without the kept
+// lightness.
+Cases balance_variant(const std::string& name, Balance fn, int region) {
+    return image_sweep(
+        name,
+        [=](Px p, int w, int h, bool keep) { fn(keep, _TONE_REGION(region), 0, 0, 0, p, h, w); },
+        {false, true});
+}
+
 Cases tone_cases() {
     return {
-        image("pixel.Lut", [](Px p, int w, int h) { Lut(p, folded(0x35).data(), w, h); }),
+        image("pixel.Lut", [](Px p, int w, int h) { Lut(p, folded(0x35), w, h); }),
         image("pixel.LutEx",
-              [](Px p, int w, int h) {
-                  LutEx(p, w, h, folded(1).data(), folded(2).data(), folded(3).data(), nullptr);
-              }),
-        image("pixel.LutEx.alpha",
-              [](Px p, int w, int h) {
-                  LutEx(p, w, h, folded(1).data(), folded(2).data(), folded(3).data(),
-                        folded(4).data());
-              }),
+              [](Px p, int w, int h) { LutEx(p, w, h, folded(1), folded(2), folded(3), nullptr); }),
+        image(
+            "pixel.LutEx.alpha",
+            [](Px p, int w, int h) { LutEx(p, w, h, folded(1), folded(2), folded(3), folded(4)); }),
         image_sweep("pixel.Light", Light, kLight),
-        // The table of the 3x5 photo's adjustment.
         sweep("pixel.LightNew", kLight,
               [](std::string name, long brightness, long contrast) {
-                  return custom(name, [=](Recorder& out) {
-                      Bytes pixels = photo(3, 5), table(256, 0xCD);
-                      LightNew(pixels.data(), table.data(), 3, 5, brightness, contrast);
-                      out.bytes(table);
-                      out.image(pixels, 3, 5);
-                  });
+                  return custom(
+                      name, [=](Recorder& out) { record_light_table(out, brightness, contrast); });
               }),
         image_sweep("pixel.Bright", Bright, {-150, -40, 0, 25, 90}),
         image_sweep("pixel.Contrast", Contrast, {-150, -40, 0, 25, 90}),
@@ -71,26 +114,18 @@ Cases tone_cases() {
         pixel("pixel.SetGrayScaleExNew", [](Px px) { SetGrayScaleExNew(px, px + 3); }),
         sweep("pixel.NoiseEx", {0L, 20L, -50L, 300L},
               [](std::string name, long a) {
-                  return Cases{pixel(
-                                   name, [=](Px px) { NoiseEx(px, a); }, Needs::rand),
-                               pixel(
-                                   named("pixel.NoiseExNew", a), [=](Px px) { NoiseExNew(px, a); },
-                                   Needs::rand)};
+                  return pixel(
+                      name, [=](Px px) { NoiseEx(px, a); }, Needs::rand);
               }),
-        // Packing every scene whole to 3-byte pixels; the byte past the packed
-        // run must stay as it was.
-        custom("pixel.tfbitCopy",
-               [](Recorder& out) {
-                   for (Scene s : scenes()) {
-                       Bytes packed(std::size_t(s.width) * s.height * 3 + 1, 0xCD);
-                       tfbitCopy(s.photo.data(), packed.data(), s.width * s.height);
-                       out.bytes(packed);
-                       out.image(s.photo, s.width, s.height);
-                   }
-               }),
+        sweep("pixel.NoiseExNew", {0L, 20L, -50L, 300L},
+              [](std::string name, long a) {
+                  return pixel(
+                      name, [=](Px px) { NoiseExNew(px, a); }, Needs::rand);
+              }),
+        custom("pixel.tfbitCopy", record_packed),
         image("pixel.SpliteToR", [](Px p, int w, int h) { SpliteToR(p, h, w); }),
         // Colour balance: every region, with and without the kept lightness,
-        // and the three fixed-setting variants.
+        // and the three fixed-setting variants (each at its own region).
         sweep("pixel.CColorBalance", {false, true},
               [](std::string name, bool keep) {
                   return image_sweep(name,
@@ -100,44 +135,13 @@ Cases tone_cases() {
                                      },
                                      {0, 1, 2});
               }),
-        image_sweep("pixel.CColorBalance_0_13_0_21",
-                    [](Px p, int w, int h, bool keep) {
-                        CColorBalance_0_13_0_21(keep, _TONE_REGION(0), 0, 0, 0, p, h, w);
-                    },
-                    {false, true}),
-        image_sweep("pixel.CColorBalance_1_2_0_8",
-                    [](Px p, int w, int h, bool keep) {
-                        CColorBalance_1_2_0_8(keep, _TONE_REGION(1), 0, 0, 0, p, h, w);
-                    },
-                    {false, true}),
-        image_sweep("pixel.CColorBalance_2_0_0_s13",
-                    [](Px p, int w, int h, bool keep) {
-                        CColorBalance_2_0_0_s13(keep, _TONE_REGION(2), 0, 0, 0, p, h, w);
-                    },
-                    {false, true}),
+        balance_variant("pixel.CColorBalance_0_13_0_21", CColorBalance_0_13_0_21, 0),
+        balance_variant("pixel.CColorBalance_1_2_0_8", CColorBalance_1_2_0_8, 1),
+        balance_variant("pixel.CColorBalance_2_0_0_s13", CColorBalance_2_0_0_s13, 2),
         image_sweep("pixel.AutoColorLevel", AutoColorLevel, {false, true}),
         image("pixel.DanyaUseStone",
               [](Px p, int w, int h) { DanyaUseStone(p, w, h, 1, 20, -15, 30); }),
-        // Histogram counts and the range getters of every table.
-        custom("pixel.CHistogram",
-               [](Recorder& out) {
-                   for (Scene s : scenes()) {
-                       CHistogram histogram(s.photo.data(), s.width, s.height);
-                       for (const auto channel : {_IMAGE_CHANNEL(0), _IMAGE_CHANNEL(1),
-                                                  _IMAGE_CHANNEL(2), _IMAGE_CHANNEL(4)}) {
-                           for (int v = 0; v < 256; ++v)
-                               out.i32(histogram.GetChannelHistogram(channel, v));
-                           histogram.SetStart(30);
-                           histogram.SetEnd(200);
-                           out.i32(histogram.GetCount(channel));
-                           out.i32(histogram.GetMaxCount(channel));
-                           out.i32(histogram.GetAverage(channel));
-                           histogram.SetStart(0);
-                           histogram.SetEnd(255);
-                       }
-                       out.i32(histogram.GetPixelNumber());
-                   }
-               }),
+        custom("pixel.CHistogram", record_histograms),
         sweep("pixel.SaturateconstMatrix", {0, 1, 2},
               [](std::string name, int i) {
                   return pixel(name, [=](Px px) { SaturateconstMatrix(px, kMatrices[i]); });
@@ -196,13 +200,23 @@ Cases blend_cases() {
 }
 
 // A conversion of three bytes into three bytes, on every colour.
-Case bytes3(const std::string& name,
-            void (*convert)(std::uint8_t, std::uint8_t, std::uint8_t, Px, Px, Px)) {
+Case bytes3(const std::string& name, Conversion convert) {
     return colour(name, [convert](std::uint8_t r, std::uint8_t g, std::uint8_t b, Recorder& out) {
         unsigned char result[3] = {0xCD, 0xCD, 0xCD};
         convert(r, g, b, &result[0], &result[1], &result[2]);
         out.bytes(result, 3);
     });
+}
+
+// fn(m1, m2, step) for every pair of levels (the hue helpers' m1, m2) and
+// every step from `from` to `to`.
+template <typename T, typename Fn>
+void grid(const T (&levels)[5], int from, int to, Fn fn) {
+    for (const T m1 : levels) {
+        for (const T m2 : levels) {
+            for (int step = from; step < to; ++step) fn(m1, m2, step);
+        }
+    }
 }
 
 // Each forward conversion on every colour, the inverse ones on the same byte
@@ -247,23 +261,23 @@ Cases colour_space_cases() {
                }),
         custom("pixel.HueToRGB",
                [](Recorder& out) {
-                   for (const float m1 : {0.0f, 0.2f, 0.5f, 0.8f, 1.0f})
-                       for (const float m2 : {0.0f, 0.2f, 0.5f, 0.8f, 1.0f})
-                           for (int step = -288; step < 576; ++step)
-                               out.f32(HueToRGB(m1, m2, step * 1.25f));
+                   const float levels[5] = {0.0f, 0.2f, 0.5f, 0.8f, 1.0f};
+                   grid(levels, -288, 576, [&](float m1, float m2, int step) {
+                       out.f32(HueToRGB(m1, m2, step * 1.25f));
+                   });
                }),
         custom("pixel.HLS_Value",
                [](Recorder& out) {
-                   for (const double m1 : {0.0, 0.2, 0.5, 0.8, 1.0})
-                       for (const double m2 : {0.0, 0.2, 0.5, 0.8, 1.0})
-                           for (int step = -180; step < 360; ++step)
-                               out.f64(HLS_Value(m1, m2, step / 30.0));
+                   const double levels[5] = {0.0, 0.2, 0.5, 0.8, 1.0};
+                   grid(levels, -180, 360, [&](double m1, double m2, int step) {
+                       out.f64(HLS_Value(m1, m2, step / 30.0));
+                   });
                }),
         custom("pixel.intHueToRGB",
                [](Recorder& out) {
-                   for (const int m1 : {0, 64, 128, 200, 255})
-                       for (const int m2 : {0, 64, 128, 200, 255})
-                           for (int hue = -255; hue < 510; ++hue) out.i32(intHueToRGB(m1, m2, hue));
+                   const int levels[5] = {0, 64, 128, 200, 255};
+                   grid(levels, -255, 510,
+                        [&](int m1, int m2, int hue) { out.i32(intHueToRGB(m1, m2, hue)); });
                }),
     };
 }
