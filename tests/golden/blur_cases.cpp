@@ -62,12 +62,12 @@ void record_preview(Recorder& out) {
     for (const Scene& original : scenes()) {
         Scene s = original;
         CSharp sharp;
-        out.i32(sharp.useEffectPreview(s.photo.data(), s.width, s.height, 2, 0.8f));
+        out.i32(sharp.useEffectPreview(s.p(), s.width, s.height, 2, 0.8f));
         out.image(s.photo, s.width, s.height);
         s.photo = original.photo;
-        out.i32(sharp.useEffectPreview(s.photo.data(), s.width, s.height, 2, 2.5f));
+        out.i32(sharp.useEffectPreview(s.p(), s.width, s.height, 2, 2.5f));
         out.image(s.photo, s.width, s.height);
-        out.i32(sharp.useEffectPreview(s.material1.data(), s.width, s.height, 2, 1.0f));
+        out.i32(sharp.useEffectPreview(s.m1(), s.width, s.height, 2, 1.0f));
         out.image(s.material1, s.width, s.height);
     }
 }
@@ -127,8 +127,8 @@ Cases blur_cases() {
                   return custom(name, [=](Recorder& out) {
                       for (const Scene& original : scenes()) {
                           Scene s = original;
-                          out.i32(CSharp().GetBlur(s.photo.data(), s.material3.data(), s.width,
-                                                   s.height, radius, 7, false));
+                          out.i32(
+                              CSharp().GetBlur(s.p(), s.m3(), s.width, s.height, radius, 7, false));
                           out.image(s.material3, s.width, s.height);
                           record_read_only(out, s.photo, original.photo);
                       }
@@ -139,8 +139,7 @@ Cases blur_cases() {
         // a buffer that starts as material 3 (kept where the weights are 0).
         scene("blur.RadiusZoomBlur",
               [](Recorder& out, Scene& s) {
-                  RadiusZoomBlur(s.material3.data(), s.photo.data(), s.material1.data(), s.width,
-                                 s.height);
+                  RadiusZoomBlur(s.m3(), s.p(), s.m1(), s.width, s.height);
                   out.image(s.material3, s.width, s.height);
               }),
         custom("blur.RampleBit", record_resampled),

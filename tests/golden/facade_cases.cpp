@@ -22,42 +22,34 @@ struct Overload {
 const Overload kOverloads[] = {
     {"effect_image",
      {1019, 1020, 1021, 1022, 1023, 1027, 1028, 1033, 1034, 1035, 1039, 1040, 1101},
-     [](Qtzqeffect& e, int id, Scene& s, Px) {
-         return e.effect(id, s.photo.data(), s.width, s.height);
-     }},
+     [](auto& e, int id, auto& s, Px) { return e.effect(id, s.p(), s.width, s.height); }},
     {"effect_material",
      {1026, 1030, 1042, 1043, 1044, 1045, 1046, 1047, 1102, 1104},
-     [](Qtzqeffect& e, int id, Scene& s, Px) {
-         return e.effect(id, s.photo.data(), s.material1.data(), s.width, s.height);
-     }},
+     [](auto& e, int id, auto& s, Px) { return e.effect(id, s.p(), s.m1(), s.width, s.height); }},
     {"effect_materials2",
      {1018, 1041},
-     [](Qtzqeffect& e, int id, Scene& s, Px) {
-         return e.effect(id, s.photo.data(), s.material1.data(), s.material2.data(), s.width,
-                         s.height);
+     [](auto& e, int id, auto& s, Px) {
+         return e.effect(id, s.p(), s.m1(), s.m2(), s.width, s.height);
      }},
     {"effect_materials3",
      {1048},
-     [](Qtzqeffect& e, int id, Scene& s, Px) {
-         return e.effect(id, s.photo.data(), s.material1.data(), s.material2.data(),
-                         s.material3.data(), s.width, s.height);
+     [](auto& e, int id, auto& s, Px) {
+         return e.effect(id, s.p(), s.m1(), s.m2(), s.m3(), s.width, s.height);
      }},
     {"effect_tables",
      {1031, 1032, 1038},
-     [](Qtzqeffect& e, int id, Scene& s, Px tables) {
-         return e.effect(id, s.photo.data(), s.material1.data(), s.material2.data(), s.width,
-                         s.height, tables, 0);
+     [](auto& e, int id, auto& s, Px tables) {
+         return e.effect(id, s.p(), s.m1(), s.m2(), s.width, s.height, tables, 0);
      }},
     {"effect_empty_material",
      {},
-     [](Qtzqeffect& e, int id, Scene& s, Px) {
-         return e.effect(id, s.photo.data(), s.width, s.height, s.material1.data(), 0);
+     [](auto& e, int id, auto& s, Px) {
+         return e.effect(id, s.p(), s.width, s.height, s.m1(), 0);
      }},
     {"effect_empty_materials2",
      {},
-     [](Qtzqeffect& e, int id, Scene& s, Px) {
-         return e.effect(id, s.photo.data(), s.material1.data(), s.width, s.height,
-                         s.material2.data(), 0);
+     [](auto& e, int id, auto& s, Px) {
+         return e.effect(id, s.p(), s.m1(), s.width, s.height, s.m2(), 0);
      }},
 };
 
@@ -121,24 +113,22 @@ Cases facade_cases() {
         sweep("facade.WeakInit", {0, 1, 5, 20},
               [](std::string name, int radius) {
                   return scene(name, [=](Recorder& out, Scene& s) {
-                      Px glow = Qtzqeffect().WeakInit(s.photo.data(), s.width, s.height, radius);
+                      Px glow = Qtzqeffect().WeakInit(s.p(), s.width, s.height, radius);
                       record_new_buffer(out, glow, s.width, s.height);
                   });
               }),
         // Material 2 as the blurred copy, the red bytes of material 1 as weights.
         scene("facade.WeakProcess",
               [](Recorder& out, Scene& s) {
-                  out.i32(Qtzqeffect().WeakProcess(s.photo.data(), s.material2.data(),
-                                                   s.material1.data(), s.width, s.height));
+                  out.i32(Qtzqeffect().WeakProcess(s.p(), s.m2(), s.m1(), s.width, s.height));
               }),
         sweep("facade.SharpInit.SharpProcess", {0.0f, 0.35f, 1.0f, 3.2f, -0.6f},
               [](std::string name, float amount) {
                   return scene(name, [=](Recorder& out, Scene& s) {
                       Qtzqeffect effects;
-                      Px blurred = effects.SharpInit(s.photo.data(), s.width, s.height);
+                      Px blurred = effects.SharpInit(s.p(), s.width, s.height);
                       out.image(blurred, s.width, s.height);
-                      out.i32(
-                          effects.SharpProcess(s.photo.data(), blurred, s.width, s.height, amount));
+                      out.i32(effects.SharpProcess(s.p(), blurred, s.width, s.height, amount));
                       record_new_buffer(out, blurred, s.width, s.height);
                   });
               }),

@@ -157,7 +157,7 @@ Cases frame_cases() {
                    for (Scene s : scenes()) {
                        for (const auto& [x, y] :
                             {std::pair{-2, -1}, {0, 0}, {s.width - 3, s.height - 2}, {1, 1}})
-                           draw(s.photo.data(), s.width, s.height, x, y, piece.data(), 5, 4);
+                           draw(s.p(), s.width, s.height, x, y, piece.data(), 5, 4);
                        out.image(s.photo, s.width, s.height);
                    }
                }),
@@ -169,8 +169,8 @@ Cases frame_cases() {
                                               {2, 5, 1, 4},
                                               {0, 3, 9, 3}};
                   for (int k = 0; k < 5; ++k)
-                      drawRect(s.photo.data(), s.width, s.height, s.material2.data(), s.width,
-                               s.height, k - 1, k / 2, regions[k]);
+                      drawRect(s.p(), s.width, s.height, s.m2(), s.width, s.height, k - 1, k / 2,
+                               regions[k]);
               }),
         custom("frame.cpuzzleformat", record_puzzle_formats),
         custom("frame.ctemplatepuzzle", record_template_puzzle),

@@ -70,6 +70,10 @@ class Recorder {
 struct Scene {
     int width, height;
     Bytes photo, material1, material2, material3;
+    Px p() { return photo.data(); }
+    Px m1() { return material1.data(); }
+    Px m2() { return material2.data(); }
+    Px m3() { return material3.data(); }
 };
 // 1x1, 1x6, 6x1, 2x2, 3x5, 13x7, 97x61 and 256x256 (its photo is the base
 // of channel_pairs()). Scene shapes run on copies of each, in this order.
@@ -155,8 +159,7 @@ Case scene(std::string name, std::function<void(Recorder&, Scene&)> fn, Needs n 
 template <typename Fn>
 Case image(std::string name, Fn fn, Needs n = Needs::nothing) {
     return scene(
-        name,
-        [fn](Recorder& out, Scene& s) mutable { call(out, fn, s.photo.data(), s.width, s.height); },
+        name, [fn](Recorder& out, Scene& s) mutable { call(out, fn, s.p(), s.width, s.height); },
         n);
 }
 // fn(photo, width, height, v1, v2...) for each row of values.
@@ -170,7 +173,7 @@ Cases image_sweep(const std::string& prefix, Fn fn, const Row (&rows)[N]) {
 template <typename Fn>
 Case material(std::string name, Fn fn) {
     return scene(name, [fn](Recorder& out, Scene& s) mutable {
-        call(out, fn, s.photo.data(), s.material1.data(), s.width, s.height);
+        call(out, fn, s.p(), s.m1(), s.width, s.height);
     });
 }
 // fn(pixel) on every pixel of the channel pairs' base, in memory order.

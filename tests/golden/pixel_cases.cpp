@@ -48,7 +48,7 @@ void record_light_table(Recorder& out, long brightness, long contrast) {
 void record_packed(Recorder& out) {
     for (Scene s : scenes()) {
         Bytes packed(std::size_t(s.width) * s.height * 3 + 1, 0xCD);
-        tfbitCopy(s.photo.data(), packed.data(), s.width * s.height);
+        tfbitCopy(s.p(), packed.data(), s.width * s.height);
         out.bytes(packed);
         out.image(s.photo, s.width, s.height);
     }
@@ -57,7 +57,7 @@ void record_packed(Recorder& out) {
 // Histogram counts and the range getters of every table.
 void record_histograms(Recorder& out) {
     for (Scene s : scenes()) {
-        CHistogram histogram(s.photo.data(), s.width, s.height);
+        CHistogram histogram(s.p(), s.width, s.height);
         for (const int c : {0, 1, 2, 4}) {
             const auto channel = _IMAGE_CHANNEL(c);
             for (int v = 0; v < 256; ++v) out.i32(histogram.GetChannelHistogram(channel, v));

@@ -44,11 +44,11 @@ void record_time_tunnel(Recorder& out) {
     for (const Scene& original : scenes()) {
         Scene s = original;
         Bytes mask_copy = mask;
-        unsigned char* tunnel = StyleChuanYue1(s.photo.data(), mask_copy.data(), s.width, s.height);
+        unsigned char* tunnel = StyleChuanYue1(s.p(), mask_copy.data(), s.width, s.height);
         out.image(tunnel, s.width, s.height);
         out.image(s.photo, s.width, s.height);
         record_read_only(out, mask_copy, mask);
-        StyleChuanYue3(s.photo.data(), tunnel, s.width, s.height);
+        StyleChuanYue3(s.p(), tunnel, s.width, s.height);
         out.image(s.photo, s.width, s.height);
         delete[] tunnel;
     }
@@ -82,14 +82,12 @@ Cases styles_cases() {
         // Material presets with no effect id, and the colourful frame by kind.
         scene("styles.StyleMilk",
               [](Recorder&, Scene& s) {
-                  StyleMilk(s.photo.data(), s.material1.data(), s.material2.data(),
-                            s.material3.data(), s.width, s.height);
+                  StyleMilk(s.p(), s.m1(), s.m2(), s.m3(), s.width, s.height);
               }),
         scene("styles.StyleRouguang",
               [](Recorder& out, Scene& s) {
                   Bytes tables = blend_tables();
-                  StyleRouguang(s.photo.data(), s.material1.data(), s.width, s.height,
-                                tables.data());
+                  StyleRouguang(s.p(), s.m1(), s.width, s.height, tables.data());
                   record_read_only(out, tables, blend_tables());
               }),
         sweep("styles.FrameXCBK", {0, 1, 2, 3, 4, 5},
