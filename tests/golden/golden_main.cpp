@@ -1,117 +1,101 @@
-// qtzq_golden: runs every golden case and checks, prints or rewrites the
-// digest list.
+// qtzq_golden: runs every golden case and checks or rewrites the digest list.
 //
-//   qtzq_golden --check LIST     fail (exit 1) unless every digest matches LIST
-//   qtzq_golden --write LIST     rewrite LIST from this run (all cases)
-//   qtzq_golden --print          print "name digest" lines
-//   qtzq_golden --dump DIR       write each case's raw output to DIR/NAME.bin,
-//                                for comparing two platforms byte by byte
-//   --filter TEXT                (with --check, --print, --dump) only the
-//                                cases whose name contains TEXT
+//   qtzq_golden --check LIST [--filter TEXT]   exit 1 unless every digest (of the
+//                                              cases whose name contains TEXT) matches
+//   qtzq_golden --write LIST                   rewrite LIST from this run
+#include <chrono>
+#include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <iostream>
-#include <set>
 #include <stdexcept>
-#include <string>
 
-#include "all_cases.h"
-#include "digest_list.h"
-#include "fixed_clock.h"
-#include "runner.h"
+#include "golden.h"
 
 using namespace qtzq_golden;
 
+// The program is linked with -Wl,--wrap=time, so every call to time() made
+// by the library or the cases returns this fixed clock, 2010-01-01 00:00:00
+// UTC: presets that reseed rand() from the clock draw the same sequence on
+// every run and platform.
+constexpr std::time_t kFixedClock = 1262304000;
+extern "C" std::time_t __wrap_time(std::time_t* out) {
+    if (out) *out = kFixedClock;
+    return kFixedClock;
+}
+
 namespace {
 
-struct Command {
-    std::string mode;  // check, write, print, dump
-    std::string path;  // list file or dump folder
-    RunOptions options;
-};
-
-const char kUsage[] =
-    "usage: qtzq_golden [--filter TEXT] (--check LIST | --write LIST | --print | --dump DIR)\n";
-
-Command parse_command(int argc, char** argv) {
-    Command command;
-    for (int i = 1; i < argc; ++i) {
-        const std::string arg = argv[i];
-        const bool has_value = i + 1 < argc;
-        if (arg == "--filter" && has_value) {
-            command.options.filter = argv[++i];
-        } else if ((arg == "--check" || arg == "--write" || arg == "--dump") && has_value) {
-            command.mode = arg.substr(2);
-            command.path = argv[++i];
-        } else if (arg == "--print") {
-            command.mode = "print";
-        } else {
-            throw std::invalid_argument(kUsage);
+// Runs the cases whose name contains filter, reseeding rand() before each so
+// that no digest depends on the cases before it; rand() cases are skipped
+// off glibc, whose sequence the list holds.
+DigestList run_cases(const std::string& filter, std::set<std::string>& skipped) {
+    DigestList digests;
+    const auto start = std::chrono::steady_clock::now();
+    for (const Case& c :
+         Cases{facade_cases(), pixel_cases(), blur_cases(), styles_cases(), frame_cases()}) {
+        if (c.name.empty() || c.name.find_first_of(" \t#") != std::string::npos ||
+            digests.count(c.name) || skipped.count(c.name))
+            throw std::invalid_argument("bad or repeated golden case name '" + c.name + "'");
+#if !defined(__GLIBC__)
+        if (c.needs == Needs::rand) {
+            std::cout << "skipped " << c.name << ": depends on glibc's rand() sequence\n";
+            skipped.insert(c.name);
+            continue;
         }
+#endif
+        if (c.name.find(filter) == std::string::npos) continue;
+        Recorder out;
+        std::srand(12345);
+        c.run(out);
+        digests[c.name] = out.hex_digest();
     }
-    if (command.mode.empty()) throw std::invalid_argument(kUsage);
-    if (command.mode == "write" && !command.options.filter.empty())
-        throw std::invalid_argument("--write rewrites the whole list; it takes no --filter\n");
-    if (command.mode == "dump") command.options.dump_dir = command.path;
-    return command;
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    std::cout << digests.size() << " golden cases run in " << took.count() << " s\n";
+    return digests;
 }
 
-DigestList read_list(const std::string& path) {
+int check(const std::string& path, const std::string& filter) {
     std::ifstream file(path);
     if (!file) throw std::runtime_error("cannot read " + path);
-    return parse_digest_list(file);
-}
-
-int check(const CaseList& list, const DigestList& computed, const Command& command) {
     DigestList listed;
-    for (const auto& [name, digest] : read_list(command.path)) {
-        if (selected(name, command.options)) listed.emplace(name, digest);
-    }
+    for (const auto& [name, digest] : parse_digest_list(file))
+        if (name.find(filter) != std::string::npos) listed.emplace(name, digest);
     std::set<std::string> skipped;
-    for (const Exclusion& skip : list.skipped()) skipped.insert(skip.name);
-
+    const DigestList computed = run_cases(filter, skipped);
     const auto problems = compare_digests(listed, computed, skipped);
     for (const std::string& problem : problems) std::cout << problem << '\n';
-    if (!problems.empty()) {
-        std::cout << problems.size() << " of " << computed.size() << " golden digests differ from "
-                  << command.path
-                  << ".\n"
-                     "If the change is intended, regenerate the list "
-                     "(cmake --build <build-dir> --target update-golden) and review the diff.\n";
-        return 1;
+    if (problems.empty()) {
+        std::cout << computed.size() << " golden digests match " << path << '\n';
+        return 0;
     }
-    std::cout << computed.size() << " golden digests match " << command.path << '\n';
-    return 0;
-}
-
-int write(const DigestList& computed, const std::string& path) {
-    std::ofstream file(path);
-    write_digest_list(file, computed);
-    if (!file) throw std::runtime_error("cannot write " + path);
-    std::cout << "wrote " << computed.size() << " digests to " << path << '\n';
-    return 0;
+    std::cout << problems.size() << " of " << computed.size() << " golden digests differ from "
+              << path << ".\nIf the change is intended, regenerate the list (cmake --build "
+              << "<build-dir> --target update-golden) and review the diff.\n";
+    return 1;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     try {
-        const Command command = parse_command(argc, argv);
-        if (!clock_is_fixed())
+        const std::vector<std::string> args(argv + 1, argv + argc);
+        if (std::time(nullptr) != kFixedClock)
             throw std::runtime_error("time() is not the fixed clock: link with -Wl,--wrap=time");
-
-        CaseList list;
-        add_all_cases(list);
-        for (const Exclusion& skip : list.skipped())
-            std::cout << "skipped " << skip.name << ": " << skip.reason << '\n';
-
-        const DigestList computed = run_cases(list, command.options, std::cout);
-        if (command.mode == "check") return check(list, computed, command);
-        if (command.mode == "write") return write(computed, command.path);
-        if (command.mode == "print") write_digest_list(std::cout, computed);
-        return 0;
+        if (args.size() == 2 && args[0] == "--write") {
+            std::set<std::string> skipped;
+            std::ofstream file(args[1]);
+            write_digest_list(file, run_cases("", skipped));
+            if (!file) throw std::runtime_error("cannot write " + args[1]);
+            return 0;
+        }
+        if ((args.size() == 2 || (args.size() == 4 && args[2] == "--filter")) &&
+            args[0] == "--check")
+            return check(args[1], args.size() == 4 ? args[3] : "");
+        throw std::invalid_argument(
+            "usage: qtzq_golden --check LIST [--filter TEXT] | --write LIST");
     } catch (const std::exception& error) {
-        std::cerr << "qtzq_golden: " << error.what();
-        if (error.what()[0] && std::string(error.what()).back() != '\n') std::cerr << '\n';
+        std::cerr << "qtzq_golden: " << error.what() << '\n';
         return 2;
     }
 }
