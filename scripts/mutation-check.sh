@@ -18,7 +18,7 @@ set -euo pipefail
 
 only=""
 if [[ ${1:-} == --only ]]; then only=",$2,"; shift 2; fi
-if [[ $# -lt 1 ]]; then sed -n '3,4p' "$0" >&2; exit 2; fi
+if [[ $# -lt 1 ]]; then sed -n '2,4p' "$0" >&2; exit 2; fi
 source_tree=$(realpath "$1")
 mutants=$(realpath "${2:-$(dirname "$0")/mutants.txt}")
 out=$(realpath "${3:-mutants.md}")
@@ -29,8 +29,9 @@ build=$scratch/build
 export CCACHE_DIR=${CCACHE_DIR:-/work/.ccache} CCACHE_BASEDIR=${CCACHE_BASEDIR:-/work}
 log() { echo "[$(date +%T)] $*" >&2; }
 
+# A fresh build too: a build left by an interrupted run may hold a mutant.
 copy_tree() {
-  rm -rf "$tree" && mkdir -p "$tree"
+  rm -rf "$tree" "$build" && mkdir -p "$tree"
   tar -C "$source_tree" --exclude=./.git --exclude='./build*' -cf - . | tar -C "$tree" -xf -
 }
 
@@ -42,7 +43,11 @@ configure_and_build() {
 }
 
 # Prints the name of the first failing test of a ctest run, or nothing.
+# The run history is removed first: ctest would otherwise start with the tests
+# that failed last time and the slowest ones, and the name would depend on the
+# mutants before.
 first_failure() {
+  rm -f "$build"/Testing/Temporary/{CTestCostData.txt,LastTestsFailed*.log}
   if ctest --test-dir "$build" -j2 --stop-on-failure --timeout 300 >"$scratch/ctest.log" 2>&1; then
     return 0
   fi
