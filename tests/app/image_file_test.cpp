@@ -1,7 +1,7 @@
-// Image files: PNG of every colour type into BGRA, and failures of PNG and
-// JPEG files that name the file. (The exact PNG round trip with every alpha
-// value is part of every tool test that compares pixels, the JPEG round
-// trip part of the Python suite.)
+// Image files: PNG of every colour type into BGRA, JPEG round trips under
+// every extension spelling, and failures of PNG and JPEG files that name the
+// file. (The exact PNG round trip with every alpha value is part of every
+// tool test that compares pixels.)
 #include <png.h>
 
 #include <cstring>
@@ -43,6 +43,28 @@ TEST_F(ImageFileTest, EveryPngColourTypeBecomesBgra) {
         std::string error;
         ASSERT_TRUE(qtzq_app::read_image(path("a.png"), image, error)) << error;
         EXPECT_EQ(image.pixels, bgra) << format;
+    }
+}
+
+// JPEG holds no alpha: colours come back close, alpha opaque.
+TEST_F(ImageFileTest, JpegRoundTripIsCloseAndOpaque) {
+    BgraImage image(16, 16);
+    for (int y = 0; y < 16; ++y)
+        for (int x = 0; x < 16; ++x) {
+            unsigned char* p = image.at(x, y);
+            p[0] = static_cast<unsigned char>(60 + x * 4);
+            p[1] = static_cast<unsigned char>(60 + y * 4);
+            p[2] = 128;
+            p[3] = 7;
+        }
+    for (const std::string name : {"a.jpg", "b.jpeg", "c.JPEG"}) {
+        std::string error;
+        ASSERT_TRUE(qtzq_app::write_image(path(name), image, 100, error)) << error;
+        BgraImage back;
+        ASSERT_TRUE(qtzq_app::read_image(path(name), back, error)) << error;
+        ASSERT_EQ(back.pixels.size(), image.pixels.size()) << name;
+        for (std::size_t i = 0; i < image.pixels.size(); ++i)
+            ASSERT_NEAR(back.pixels[i], i % 4 == 3 ? 255 : image.pixels[i], 8) << name << " " << i;
     }
 }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -106,6 +107,22 @@ TEST(Dispatch, EveryOverloadIgnoresTheIdsItDoesNotKnow) {
             EXPECT_EQ(overload(id, in), answer) << "overload " << o << " id " << id;
             EXPECT_TRUE(in == original) << "overload " << o << " id " << id << " wrote a buffer";
         }
+}
+
+// The facade's two time-tunnel steps are the two presets, and the second
+// reports success (the golden digests run only the presets).
+TEST(TimeTunnel, BothStepsAreTheirPresets) {
+    Bytes mask = noise(240, 240, 84), via_facade = noise(7, 5, 85), direct = via_facade;
+    Qtzqeffect effects;
+    const std::unique_ptr<unsigned char[]> tunnel(
+        effects.effectShiGuangSuiDao(via_facade.data(), mask.data(), 7, 5));
+    const std::unique_ptr<unsigned char[]> expected(StyleChuanYue1(direct.data(), mask.data(), 7, 5));
+    EXPECT_EQ(via_facade, direct);
+    EXPECT_TRUE(std::equal(tunnel.get(), tunnel.get() + direct.size(), expected.get()));
+
+    EXPECT_EQ(effects.effectShiGuangSuiDaoResult(via_facade.data(), tunnel.get(), 7, 5), 1);
+    StyleChuanYue3(direct.data(), expected.get(), 7, 5);
+    EXPECT_EQ(via_facade, direct);
 }
 
 TEST(Utilities, SampleClearsGreenAndRedOnly) {
