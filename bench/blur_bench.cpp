@@ -1,11 +1,14 @@
 // Blurs and sharpening: the recursive Gaussian and the blur brush (their
 // cost should not grow with the radius), the unsharp mask (whose kernel
-// does grow) and the radial zoom blur. Each reports its scratch memory.
+// does grow) and the radial zoom blur. Each reports its scratch memory. The
+// recursive blurs have scalar twins: the same pass with the vector kernels
+// off, the reference their speed-up is measured against.
 #include <qtzqeffect/blur.h>
 
 #include <string>
 
 #include "qtzq_app/materials.h"
+#include "simd/vector_unit.h"
 
 #include "bench_image.h"
 #include "suites.h"
@@ -27,6 +30,18 @@ std::string gaussian_anchor(int radius) {
     return "opencv/GaussianBlur/r" + std::to_string(radius);
 }
 
+// `pass`, and its twin NAME/scalar on the scalar reference path.
+void add_pass_and_scalar_twin(const std::string& name, const Pass& pass, const std::string& anchor) {
+    add_pass(name, pass, anchor, Memory::Measure);
+    add_pass(
+        name + "/scalar",
+        [pass](BgraImage& photo) {
+            qtzq::ScopedVectorUnitLimit scalar(qtzq::VectorUnit::kScalar);
+            pass(photo);
+        },
+        anchor, Memory::Measure);
+}
+
 void zoom_blur(BgraImage& photo) {
     // The zoom blur reads a source and writes a separate destination; the
     // weights are a vignette mask (blue byte), heavier toward the centre.
@@ -40,21 +55,21 @@ void zoom_blur(BgraImage& photo) {
 
 void register_blurs() {
     for (int radius : kBlurRadii) {
-        add_pass(
+        add_pass_and_scalar_twin(
             radius_name("gaussian", radius),
             [radius](BgraImage& photo) {
                 GaussianBlurFilterUtil::GetInst()->CreateBlurEffect(
                     photo.data(), photo.width, photo.height, 4, radius, radius);
             },
-            gaussian_anchor(radius), Memory::Measure);
+            gaussian_anchor(radius));
     }
     for (int radius : kBlurRadii) {
-        add_pass(
+        add_pass_and_scalar_twin(
             radius_name("iir_brush", radius),
             [radius](BgraImage& photo) {
                 GaussIIRBlurBrush(photo.data(), photo.width, photo.height, radius, radius);
             },
-            gaussian_anchor(radius), Memory::Measure);
+            gaussian_anchor(radius));
     }
     for (int radius : kSharpenRadii) {
         add_pass(

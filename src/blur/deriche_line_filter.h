@@ -14,8 +14,9 @@ namespace qtzq {
 constexpr int kFilteredChannels = 3;
 
 // Y + Z converted to a byte: truncated toward zero, 0 or less (or not a
-// number) gives 0, 255 or more gives 255.
-inline unsigned char filtered_to_byte(double v) {
+// number) gives 0, 255 or more gives 255. Internal linkage: the vector
+// kernels, compiled for wider instruction sets, each keep their own copy.
+static inline unsigned char filtered_to_byte(double v) {
     if (!(v > 0.0)) return 0;
     if (v >= 255.0) return 255;
     return static_cast<unsigned char>(static_cast<int>(v));

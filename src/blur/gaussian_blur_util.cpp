@@ -15,6 +15,7 @@
 
 #include "blur/deriche_coefficients.h"
 #include "blur/deriche_line_filter.h"
+#include "blur/deriche_lines.h"
 #include "blur/sigma_mapping.h"
 
 using qtzq::DericheCoefficients;
@@ -64,11 +65,8 @@ void blur_pass(unsigned char* buffer, int width, int height, int channels, doubl
     const std::ptrdiff_t pixel_step = horizontal ? channels : row_bytes;
     const std::ptrdiff_t line_step = horizontal ? row_bytes : channels;
 
-    qtzq::DericheLineFilter filter(length);
-    for (int line = 0; line < lines; ++line) {
-        unsigned char* const start = buffer + line * line_step;
-        filter.run(start, pixel_step, start, pixel_step, length, k);
-    }
+    qtzq::filter_deriche_lines(
+        {buffer, pixel_step, line_step, buffer, pixel_step, line_step, length, lines}, k);
 }
 
 }  // namespace
