@@ -66,4 +66,15 @@ void filter_deriche_lines(const DericheLines& lines, const DericheCoefficients& 
     }
 }
 
+void filter_deriche_pass(unsigned char* image, int width, int height, int channels,
+                         bool horizontal, const DericheCoefficients& k) {
+    const std::ptrdiff_t row_bytes = std::ptrdiff_t(width) * channels;
+    const int length = horizontal ? width : height;
+    const int lines = horizontal ? height : width;
+    const std::ptrdiff_t pixel_step = horizontal ? channels : row_bytes;
+    const std::ptrdiff_t line_step = horizontal ? row_bytes : channels;
+    filter_deriche_lines({image, pixel_step, line_step, image, pixel_step, line_step, length, lines},
+                         k);
+}
+
 }  // namespace qtzq

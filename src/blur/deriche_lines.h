@@ -27,6 +27,11 @@ struct DericheLines {
 
 void filter_deriche_lines(const DericheLines& lines, const DericheCoefficients& k);
 
+// Filters every row (`horizontal`) or every column of a width x height image
+// of `channels` bytes a pixel (at least 3) in place.
+void filter_deriche_pass(unsigned char* image, int width, int height, int channels,
+                         bool horizontal, const DericheCoefficients& k);
+
 }  // namespace qtzq
 
 #endif  // QTZQ_BLUR_DERICHE_LINES_H

@@ -59,14 +59,7 @@ bool find_constants_for_radius(double radius, DericheCoefficients& k) {
 void blur_pass(unsigned char* buffer, int width, int height, int channels, double radius,
                bool horizontal, const DericheCoefficients& k) {
     if (!blurs(radius) || channels < qtzq::kFilteredChannels || width < 1 || height < 1) return;
-    const std::ptrdiff_t row_bytes = std::ptrdiff_t(width) * channels;
-    const int length = horizontal ? width : height;
-    const int lines = horizontal ? height : width;
-    const std::ptrdiff_t pixel_step = horizontal ? channels : row_bytes;
-    const std::ptrdiff_t line_step = horizontal ? row_bytes : channels;
-
-    qtzq::filter_deriche_lines(
-        {buffer, pixel_step, line_step, buffer, pixel_step, line_step, length, lines}, k);
+    qtzq::filter_deriche_pass(buffer, width, height, channels, horizontal, k);
 }
 
 }  // namespace

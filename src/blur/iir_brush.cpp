@@ -1,7 +1,6 @@
 // GaussIIRBlurBrush: the recursive Gaussian with integer radii, the column
 // pass first.
 #include <algorithm>
-#include <cstddef>
 
 #include "blur/deriche_coefficients.h"
 #include "blur/deriche_lines.h"
@@ -22,15 +21,11 @@ qtzq::DericheCoefficients brush_coefficients(int radius) {
 
 void GaussIIRBlurBrush(unsigned char* buffer, int width, int height, int radiusX, int radiusY) {
     if (width < 1 || height < 1) return;
-    const std::ptrdiff_t row_bytes = std::ptrdiff_t(width) * kPixelBytes;
-
     // Each line is read whole before it is written, so the columns and then
     // the rows are filtered in place; only blue, green and red are touched.
-    qtzq::filter_deriche_lines(
-        {buffer, row_bytes, kPixelBytes, buffer, row_bytes, kPixelBytes, height, width},
-        brush_coefficients(radiusY));
+    qtzq::filter_deriche_pass(buffer, width, height, kPixelBytes, false,
+                              brush_coefficients(radiusY));
     // Recomputed even when both radii are equal.
-    qtzq::filter_deriche_lines(
-        {buffer, kPixelBytes, row_bytes, buffer, kPixelBytes, row_bytes, width, height},
-        brush_coefficients(radiusX));
+    qtzq::filter_deriche_pass(buffer, width, height, kPixelBytes, true,
+                              brush_coefficients(radiusX));
 }

@@ -31,8 +31,8 @@ int report_usage(const std::string& prefix, const char* what) {
     return kExitUsage;
 }
 
-// A failure while working (RunError, an unusable input file, anything
-// else thrown): named on stderr, exit status 1.
+// A failure while working (RunError, qtzq_app::InputError for an unusable
+// input file, anything else thrown): named on stderr, exit status 1.
 int report_failure(const std::string& prefix, const char* what) {
     std::cerr << prefix << ": " << what << '\n';
     return kExitFailure;
@@ -55,10 +55,6 @@ int main(int argc, char** argv) {
             return report_usage(prefix, e.what());
         } catch (const qtzq_app::RequestError& e) {
             return report_usage(prefix, e.what());
-        } catch (const RunError& e) {
-            return report_failure(prefix, e.what());
-        } catch (const qtzq_app::InputError& e) {
-            return report_failure(prefix, e.what());
         } catch (const std::bad_alloc&) {
             return report_failure(prefix, "out of memory");
         } catch (const std::exception& e) {

@@ -1,6 +1,7 @@
 // What the application code throws. Each application reports these its own
 // way: the qtzq tool as a usage mistake (exit status 2) or a failure (exit
-// status 1), the Python module as ValueError or OSError.
+// status 1); in the Python module, pybind11 turns a RequestError (an
+// std::invalid_argument) into ValueError.
 #ifndef QTZQ_APP_ERRORS_H
 #define QTZQ_APP_ERRORS_H
 
