@@ -4,9 +4,11 @@
 #include <cstring>
 #include <vector>
 
+#include "blur/csharp_pass.h"
 #include "blur/csharp_size.h"
 #include "pixel/image_walk.h"
 #include "qtzqeffect/blur.h"
+#include "simd/vector_unit.h"
 
 namespace {
 
@@ -64,31 +66,38 @@ struct LineConvolution {
     }
 };
 
+// The reference: each line copied out, then convolved tap by tap, one
+// channel at a time. The copy lets dst be src, and a column is gathered once
+// instead of being read across rows for every tap.
+void blur_line_by_line(const LineConvolution& line, const qtzq::PassGeometry& g,
+                       const unsigned char* src, unsigned char* dst) {
+    std::vector<unsigned char> copy(std::size_t(g.length) * qtzq::kBytesPerPixel);
+    for (int i = 0; i < g.lines; ++i) {
+        const unsigned char* from = src + i * g.line_step;
+        for (int t = 0; t < g.length; ++t)
+            std::memcpy(&copy[std::size_t(t) * qtzq::kBytesPerPixel], from + t * g.pixel_step,
+                        qtzq::kBytesPerPixel);
+        for (int c = 0; c < kColourChannels; ++c)
+            line.run(copy.data() + c, qtzq::kBytesPerPixel, dst + i * g.line_step + c,
+                     g.pixel_step, g.length);
+    }
+}
+
 }  // namespace
 
 int CSharp::ConvoluteDimension(unsigned char* src, unsigned char* dst, int, bool horizontal,
                                bool) {
     if (m_kernelSize < 2 || m_width < 1 || m_height < 1) return 1;
-    const std::ptrdiff_t row_bytes = std::ptrdiff_t(m_width) * qtzq::kBytesPerPixel;
-    const int length = horizontal ? m_width : m_height;
-    const int lines = horizontal ? m_height : m_width;
-    const std::ptrdiff_t pixel_step = horizontal ? std::ptrdiff_t(qtzq::kBytesPerPixel) : row_bytes;
-    const std::ptrdiff_t line_step = horizontal ? row_bytes : std::ptrdiff_t(qtzq::kBytesPerPixel);
-
-    // Each line is copied out before it is convolved, so the pass reads only
-    // the copy: dst may be src, and a column is gathered once instead of
-    // being read across rows for every tap.
-    const LineConvolution line{m_kernel, m_kernelSum, std::min(length >> 1, m_kernelSize >> 1)};
-    std::vector<unsigned char> copy(std::size_t(length) * qtzq::kBytesPerPixel);
-    for (int i = 0; i < lines; ++i) {
-        const unsigned char* from = src + i * line_step;
-        for (int t = 0; t < length; ++t)
-            std::memcpy(&copy[std::size_t(t) * qtzq::kBytesPerPixel], from + t * pixel_step,
-                        qtzq::kBytesPerPixel);
-        for (int c = 0; c < kColourChannels; ++c)
-            line.run(copy.data() + c, qtzq::kBytesPerPixel, dst + i * line_step + c, pixel_step,
-                     length);
+    if (qtzq::integer_fast_paths_enabled()) {
+        qtzq::blur_csharp_pass({m_kernel, m_kernelSum, m_kernelSize, m_width, m_height, horizontal}, src,
+                               [dst](std::ptrdiff_t offset, const unsigned char* blurred) {
+                                   std::memcpy(dst + offset, blurred, kColourChannels);
+                               });
+        return 1;
     }
+    const auto g = qtzq::PassGeometry::of(m_width, m_height, horizontal);
+    const LineConvolution line{m_kernel, m_kernelSum, std::min(g.length >> 1, m_kernelSize >> 1)};
+    blur_line_by_line(line, g, src, dst);
     return 1;
 }
 

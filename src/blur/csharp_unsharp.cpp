@@ -6,10 +6,12 @@
 #include <cstring>
 #include <vector>
 
+#include "blur/csharp_pass.h"
 #include "blur/csharp_size.h"
 #include "blur/preview_cache.h"
 #include "pixel/image_walk.h"
 #include "qtzqeffect/blur.h"
+#include "simd/vector_unit.h"
 
 using qtzq::for_each_pixel;
 
@@ -98,9 +100,21 @@ std::size_t image_bytes(int width, int height) {
 
 }  // namespace
 
+// The fast path runs the row pass into dst and sharpens during the column
+// pass, each pixel as soon as its blur is known: the same bytes as blurring
+// dst whole and sharpening it in a further sweep.
 int CSharp::GetUnsharpMask(unsigned char* src, unsigned char* dst, int a, float amount, int b) {
-    GetBlur(src, dst, a, b, false);
-    sharpen_against_blur(src, dst, m_width, m_height, amount);
+    if (!qtzq::integer_fast_paths_enabled() || m_kernelSize < 2 || m_width < 1 || m_height < 1) {
+        GetBlur(src, dst, a, b, false);
+        sharpen_against_blur(src, dst, m_width, m_height, amount);
+        return 1;
+    }
+    ConvoluteDimension(src, dst, a, true, false);
+    const FixedAmount fixed(amount);
+    qtzq::blur_csharp_pass({m_kernel, m_kernelSum, m_kernelSize, m_width, m_height, false}, dst,
+                           [&](std::ptrdiff_t offset, const unsigned char* blurred) {
+                               fixed.apply(dst + offset, src + offset, blurred);
+                           });
     return 1;
 }
 
@@ -124,6 +138,18 @@ int CSharp::useEffect(unsigned char* buffer, long width, long height, int radius
     store_call({m_width, m_height, m_stride, m_amount, m_radius}, width, height, radius, amount);
 
     std::vector<unsigned char> result(image_bytes(m_width, m_height));
+    if (qtzq::integer_fast_paths_enabled() && m_width >= 1 && m_height >= 1) {
+        // The sharpened pixels go straight back into the buffer, opaque: the
+        // result image only holds the row pass.
+        ConvoluteDimension(buffer, result.data(), 0, true, false);
+        const FixedAmount fixed(amount);
+        qtzq::blur_csharp_pass({m_kernel, m_kernelSum, m_kernelSize, m_width, m_height, false},
+                               result.data(), [&](std::ptrdiff_t offset, const unsigned char* blurred) {
+                                   fixed.apply(buffer + offset, buffer + offset, blurred);
+                                   buffer[offset + 3] = kOpaque;
+                               });
+        return 1;
+    }
     GetUnsharpMask(buffer, result.data(), static_cast<int>(m_radius), amount, kLastArgument);
     copy_colours_opaque(result.data(), buffer, m_width, m_height);
     return 1;

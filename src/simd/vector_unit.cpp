@@ -29,6 +29,10 @@ VectorUnit active_vector_unit() {
     return limit < detected ? limit : detected;
 }
 
+bool integer_fast_paths_enabled() {
+    return unit_limit.load(std::memory_order_relaxed) != VectorUnit::kScalar;
+}
+
 ScopedVectorUnitLimit::ScopedVectorUnitLimit(VectorUnit limit)
     : previous_(unit_limit.exchange(limit)) {}
 

@@ -16,6 +16,11 @@ VectorUnit detected_vector_unit();
 // The unit the kernels use now: the detected one, at most the current limit.
 VectorUnit active_vector_unit();
 
+// Whether the integer fast paths may run: plain C++ that the compiler
+// vectorises for whatever CPU it builds for (so on every CPU, 32-bit ARM
+// included). False only while a limit forces the scalar reference path.
+bool integer_fast_paths_enabled();
+
 // Limits the kernels, in every thread, to `limit` or a narrower unit for its
 // lifetime (kScalar forces the scalar reference path), then restores the
 // previous limit. Only tests and benchmarks use it.

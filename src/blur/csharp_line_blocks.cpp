@@ -1,0 +1,109 @@
+// CSharp's blur pass over blocks of lines.
+//
+// With prefix[t] = s[0] + ... + s[t-1] per lane, a window's weighted sum is
+// a handful of prefix differences: the kernel is a staircase of a few runs
+// of equal weights. Every sum is integer and fits in 32 bits (weights of a
+// few tens, at most 255 taps, samples below 256), so the results are those
+// of the tap-by-tap sums exactly.
+#include "blur/csharp_line_blocks.h"
+
+#include <algorithm>
+
+#include "blur/vector/csharp_middle.h"
+#include "simd/vector_unit.h"
+
+namespace qtzq {
+
+namespace {
+
+constexpr std::uint32_t kLargestSample = 255;
+
+using MiddleKernel = void (*)(const CSharpMiddle&, int);
+
+MiddleKernel middle_kernel() {
+#if defined(QTZQ_X86_KERNELS)
+    if (active_vector_unit() == VectorUnit::kAvx2) return avx2::blur_csharp_middle;
+#endif
+    return portable::blur_csharp_middle;
+}
+
+}  // namespace
+
+template <int kLanes>
+CSharpLineBlocks<kLanes>::CSharpLineBlocks(const int* kernel, int kernel_sum, int half, int length)
+    : kernel_(kernel, 2 * half + 1),
+      divide_(static_cast<std::uint32_t>(std::max(kernel_sum, 1)),
+              kernel_.weight_sum(0, 2 * half + 1) * kLargestSample),
+      half_(half),
+      length_(length),
+      prefix_((std::size_t(length) + 1) * kLanes) {}
+
+template <int kLanes>
+void CSharpLineBlocks<kLanes>::blur(const unsigned char* in, std::ptrdiff_t step,
+                                    std::ptrdiff_t line_step, unsigned char* out) {
+    fill_prefix(in, step, line_step);
+    blur_middle(out);
+    for (int lane = 0; lane < kLanes; ++lane) {
+        for (int j = 0; j < half_; ++j) out[std::size_t(j) * kLanes + lane] = left_edge(lane, j);
+        for (int j = length_ - half_; j < length_; ++j)
+            out[std::size_t(j) * kLanes + lane] = right_edge(lane, j);
+    }
+}
+
+template <int kLanes>
+void CSharpLineBlocks<kLanes>::fill_prefix(const unsigned char* in, std::ptrdiff_t step,
+                                           std::ptrdiff_t line_step) {
+    std::uint32_t* p = prefix_.data();
+    std::fill(p, p + kLanes, 0u);
+    for (int t = 0; t < length_; ++t, p += kLanes, in += step)
+        for (int k = 0; k < kLanes / 4; ++k)
+            for (int c = 0; c < 4; ++c) p[kLanes + 4 * k + c] = p[4 * k + c] + in[k * line_step + c];
+}
+
+// Positions half .. length-half-1: the whole kernel over the window starting
+// at j - half, divided by the kernel's sum.
+template <int kLanes>
+void CSharpLineBlocks<kLanes>::blur_middle(unsigned char* out) const {
+    const std::vector<PrefixTerm>& terms = kernel_.whole_kernel_terms();
+    const CSharpMiddle job{prefix_.data(), terms.data(), static_cast<int>(terms.size()),
+                           half_, half_, length_ - half_, divide_.multiplier(), divide_.shift(), out};
+    middle_kernel()(job, kLanes);
+}
+
+// Sum of K[t + offset] * s[t] over samples t in [lo, hi) of one lane.
+template <int kLanes>
+std::uint32_t CSharpLineBlocks<kLanes>::window_sum(int lane, int offset, int lo, int hi) const {
+    const auto prefix = [&](int tap) {
+        const int t = std::clamp(tap - offset, lo, hi);
+        return prefix_[std::size_t(t) * kLanes + lane];
+    };
+    std::uint32_t sum = 0;
+    for (const WeightRun& run : kernel_.runs()) sum += run.weight * (prefix(run.end) - prefix(run.begin));
+    return sum;
+}
+
+// The left edge stops one sample short of the kernel's right end and divides
+// by the weights it used.
+template <int kLanes>
+unsigned char CSharpLineBlocks<kLanes>::left_edge(int lane, int j) const {
+    const int offset = half_ - j, hi = std::min(length_, j + half_);
+    if (hi < 1) return 0;
+    const std::uint32_t sum = window_sum(lane, offset, 0, hi);
+    const std::uint32_t weights = kernel_.weight_sum(offset, offset + hi);
+    return static_cast<unsigned char>(weights != 0 ? sum / weights : sum);
+}
+
+// The right edge runs to the line's end and divides by the weights it used.
+template <int kLanes>
+unsigned char CSharpLineBlocks<kLanes>::right_edge(int lane, int j) const {
+    const int offset = half_ - j, lo = std::max(j - half_, 0);
+    if (lo >= length_) return 0;
+    const std::uint32_t sum = window_sum(lane, offset, lo, length_);
+    const std::uint32_t weights = kernel_.weight_sum(lo + offset, length_ + offset);
+    return static_cast<unsigned char>(weights != 0 ? sum / weights : sum);
+}
+
+template class CSharpLineBlocks<4>;
+template class CSharpLineBlocks<32>;
+
+}  // namespace qtzq
