@@ -1,8 +1,8 @@
 // CSharp's blur pass over blocks of lines.
 //
 // With prefix[t] = s[0] + ... + s[t-1] per lane, a window's weighted sum is
-// a handful of prefix differences: the kernel is a staircase of a few runs
-// of equal weights. Every sum is integer and fits in 32 bits (weights of a
+// a handful of prefix differences: the kernel is a staircase, a few nested
+// boxes. Every sum is integer and fits in 32 bits (weights of a
 // few tens, at most 255 taps, samples below 256), so the results are those
 // of the tap-by-tap sums exactly.
 #include "blur/csharp_line_blocks.h"
@@ -18,13 +18,17 @@ namespace {
 
 constexpr std::uint32_t kLargestSample = 255;
 
-using MiddleKernel = void (*)(const CSharpMiddle&, int);
+struct Kernels {
+    void (*fill_prefix)(const CSharpPrefix&, int);
+    void (*blur_middle)(const CSharpMiddle&, int);
+};
 
-MiddleKernel middle_kernel() {
+Kernels kernels() {
 #if defined(QTZQ_X86_KERNELS)
-    if (active_vector_unit() == VectorUnit::kAvx2) return avx2::blur_csharp_middle;
+    if (active_vector_unit() == VectorUnit::kAvx2)
+        return {avx2::fill_csharp_prefix, avx2::blur_csharp_middle};
 #endif
-    return portable::blur_csharp_middle;
+    return {portable::fill_csharp_prefix, portable::blur_csharp_middle};
 }
 
 }  // namespace
@@ -53,21 +57,17 @@ void CSharpLineBlocks<kLanes>::blur(const unsigned char* in, std::ptrdiff_t step
 template <int kLanes>
 void CSharpLineBlocks<kLanes>::fill_prefix(const unsigned char* in, std::ptrdiff_t step,
                                            std::ptrdiff_t line_step) {
-    std::uint32_t* p = prefix_.data();
-    std::fill(p, p + kLanes, 0u);
-    for (int t = 0; t < length_; ++t, p += kLanes, in += step)
-        for (int k = 0; k < kLanes / 4; ++k)
-            for (int c = 0; c < 4; ++c) p[kLanes + 4 * k + c] = p[4 * k + c] + in[k * line_step + c];
+    kernels().fill_prefix({in, step, line_step, length_, prefix_.data()}, kLanes);
 }
 
 // Positions half .. length-half-1: the whole kernel over the window starting
 // at j - half, divided by the kernel's sum.
 template <int kLanes>
 void CSharpLineBlocks<kLanes>::blur_middle(unsigned char* out) const {
-    const std::vector<PrefixTerm>& terms = kernel_.whole_kernel_terms();
-    const CSharpMiddle job{prefix_.data(), terms.data(), static_cast<int>(terms.size()),
+    const std::vector<WeightBox>& boxes = kernel_.boxes();
+    const CSharpMiddle job{prefix_.data(), boxes.data(), static_cast<int>(boxes.size()),
                            half_, half_, length_ - half_, divide_.multiplier(), divide_.shift(), out};
-    middle_kernel()(job, kLanes);
+    kernels().blur_middle(job, kLanes);
 }
 
 // Sum of K[t + offset] * s[t] over samples t in [lo, hi) of one lane.
@@ -78,7 +78,7 @@ std::uint32_t CSharpLineBlocks<kLanes>::window_sum(int lane, int offset, int lo,
         return prefix_[std::size_t(t) * kLanes + lane];
     };
     std::uint32_t sum = 0;
-    for (const WeightRun& run : kernel_.runs()) sum += run.weight * (prefix(run.end) - prefix(run.begin));
+    for (const WeightBox& box : kernel_.boxes()) sum += box.height * (prefix(box.end) - prefix(box.begin));
     return sum;
 }
 

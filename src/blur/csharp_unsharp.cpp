@@ -56,6 +56,27 @@ struct FixedAmount {
     }
 };
 
+// Every (orig, blur) pair's sharpened value, looked up instead of computed
+// on the fast paths: built by FixedAmount itself, so exact by construction,
+// and 65536 entries cost little against a photo's millions of channels.
+class SharpenTable {
+public:
+    explicit SharpenTable(const FixedAmount& fixed) : values_(256 * 256) {
+        for (int orig = 0; orig < 256; ++orig)
+            for (int blur = 0; blur < 256; ++blur)
+                values_[orig * 256 + blur] = fixed.sharpen(static_cast<unsigned char>(orig),
+                                                           static_cast<unsigned char>(blur));
+    }
+
+    // Colours of one pixel, as FixedAmount::apply.
+    void apply(unsigned char* out, const unsigned char* orig, const unsigned char* blur) const {
+        for (int c = 2; c >= 0; --c) out[c] = values_[orig[c] * 256 + blur[c]];
+    }
+
+private:
+    std::vector<unsigned char> values_;
+};
+
 // dst's colours become the sharpened colours of src against the blur in dst.
 void sharpen_against_blur(const unsigned char* src, unsigned char* dst, int width, int height,
                           float amount) {
@@ -110,10 +131,10 @@ int CSharp::GetUnsharpMask(unsigned char* src, unsigned char* dst, int a, float 
         return 1;
     }
     ConvoluteDimension(src, dst, a, true, false);
-    const FixedAmount fixed(amount);
+    const SharpenTable table{FixedAmount(amount)};
     qtzq::blur_csharp_pass({m_kernel, m_kernelSum, m_kernelSize, m_width, m_height, false}, dst,
                            [&](std::ptrdiff_t offset, const unsigned char* blurred) {
-                               fixed.apply(dst + offset, src + offset, blurred);
+                               table.apply(dst + offset, src + offset, blurred);
                            });
     return 1;
 }
@@ -142,10 +163,10 @@ int CSharp::useEffect(unsigned char* buffer, long width, long height, int radius
         // The sharpened pixels go straight back into the buffer, opaque: the
         // result image only holds the row pass.
         ConvoluteDimension(buffer, result.data(), 0, true, false);
-        const FixedAmount fixed(amount);
+        const SharpenTable table{FixedAmount(amount)};
         qtzq::blur_csharp_pass({m_kernel, m_kernelSum, m_kernelSize, m_width, m_height, false},
                                result.data(), [&](std::ptrdiff_t offset, const unsigned char* blurred) {
-                                   fixed.apply(buffer + offset, buffer + offset, blurred);
+                                   table.apply(buffer + offset, buffer + offset, blurred);
                                    buffer[offset + 3] = kOpaque;
                                });
         return 1;

@@ -1,24 +1,34 @@
-// Runs of equal weights and the prefix-sum terms of a staircase kernel.
+// The boxes of a staircase kernel.
 #include "blur/staircase_kernel.h"
+
+#include <algorithm>
 
 namespace qtzq {
 
 StaircaseKernel::StaircaseKernel(const int* weights, int taps) : taps_(taps), cumulative_(1, 0) {
+    std::vector<std::uint32_t> levels;
     for (int i = 0; i < taps; ++i) {
         const auto w = static_cast<std::uint32_t>(weights[i]);
-        if (runs_.empty() || runs_.back().weight != w) runs_.push_back({i, i + 1, w});
-        else runs_.back().end = i + 1;
+        levels.push_back(w);
         cumulative_.push_back(cumulative_.back() + w);
     }
-    // sum_i w[i] * (prefix[x+i+1] - prefix[x+i]) gathers, for each prefix
-    // entry, the weight before it minus the weight after it: nonzero only at
-    // the ends of runs.
-    std::uint32_t before = 0;
-    for (const WeightRun& run : runs_) {
-        terms_.push_back({run.begin, before - run.weight});
-        before = run.weight;
+    std::sort(levels.begin(), levels.end());
+    levels.erase(std::unique(levels.begin(), levels.end()), levels.end());
+
+    std::uint32_t below = 0;
+    for (std::uint32_t level : levels) {
+        if (level == 0) continue;
+        for (int i = 0; i < taps;) {
+            if (static_cast<std::uint32_t>(weights[i]) < level) {
+                ++i;
+                continue;
+            }
+            const int begin = i;
+            while (i < taps && static_cast<std::uint32_t>(weights[i]) >= level) ++i;
+            boxes_.push_back({begin, i, level - below});
+        }
+        below = level;
     }
-    terms_.push_back({taps, before});
 }
 
 }  // namespace qtzq

@@ -1,6 +1,8 @@
-// An integer kernel whose weights come in runs of equal values, applied to a
-// line through the line's prefix sums: a weighted sum over a window then
-// costs one term per run instead of one per tap, whatever the radius.
+// An integer kernel seen as a stack of boxes, applied to a line through the
+// line's prefix sums: a weighted sum over a window then costs one difference
+// and one multiply per box instead of one multiply per tap, whatever the
+// radius. A staircase kernel (a flat top, steps down on both sides) is a few
+// nested boxes, one per step.
 //
 // All of it is integer arithmetic, so it is exact: the sums are formed modulo
 // 2^32 (unsigned, so wrapping is defined) and every result whose true value
@@ -14,38 +16,33 @@
 
 namespace qtzq {
 
-// Taps [begin, end) of the kernel, all of weight `weight`.
-struct WeightRun {
+// `height` added to every tap in [begin, end).
+struct WeightBox {
     int begin;
     int end;
-    std::uint32_t weight;
-};
-
-// One term of a whole-kernel sum: coefficient * prefix[x + offset].
-struct PrefixTerm {
-    int offset;
-    std::uint32_t coefficient;  // a weight difference, modulo 2^32
+    std::uint32_t height;
 };
 
 class StaircaseKernel {
 public:
+    // Weights must not be negative.
     StaircaseKernel(const int* weights, int taps);
 
     int taps() const { return taps_; }
-    const std::vector<WeightRun>& runs() const { return runs_; }
 
-    // With prefix[t] = s[0] + ... + s[t-1]: sum of weight[i] * s[x + i] over
-    // every tap i equals the sum of coefficient * prefix[x + offset] over
-    // these terms, one per place where the weight changes.
-    const std::vector<PrefixTerm>& whole_kernel_terms() const { return terms_; }
+    // Boxes that stacked give the weights: level by level, the stretches of
+    // taps at least as heavy as the level, each as high as the step up to
+    // it. With prefix[t] = s[0] + ... + s[t-1], the sum of weight[i] *
+    // s[x + i] over every tap is the sum of height * (prefix[x + end] -
+    // prefix[x + begin]) over the boxes.
+    const std::vector<WeightBox>& boxes() const { return boxes_; }
 
     // weight[begin] + ... + weight[end - 1].
     std::uint32_t weight_sum(int begin, int end) const { return cumulative_[end] - cumulative_[begin]; }
 
 private:
     int taps_;
-    std::vector<WeightRun> runs_;
-    std::vector<PrefixTerm> terms_;
+    std::vector<WeightBox> boxes_;
     std::vector<std::uint32_t> cumulative_;
 };
 

@@ -1,11 +1,12 @@
-// The middle of CSharp's blur over a block of lines: the sums of the
-// kernel's prefix terms, their exact quotients by the kernel's sum, the
-// bytes out. One kernel source (csharp_middle_kernel.h) compiled for the
+// The inner loops of CSharp's blur over a block of lines: the lines' prefix
+// sums, and the middle of the lines, the kernel's boxes summed from the
+// prefix sums and divided exactly by the kernel's sum. One kernel source (csharp_middle_kernel.h) compiled for the
 // portable vector unit and, on x86-64, again for AVX2; csharp_line_blocks.cpp
 // picks the one to run.
 #ifndef QTZQ_BLUR_VECTOR_CSHARP_MIDDLE_H
 #define QTZQ_BLUR_VECTOR_CSHARP_MIDDLE_H
 
+#include <cstddef>
 #include <cstdint>
 
 #include "blur/staircase_kernel.h"
@@ -14,8 +15,8 @@ namespace qtzq {
 
 struct CSharpMiddle {
     const std::uint32_t* prefix;  // [length + 1][lanes]: prefix sums of every lane
-    const PrefixTerm* terms;      // the whole kernel's prefix terms
-    int term_count;
+    const WeightBox* boxes;       // the kernel's boxes
+    int box_count;
     int half;
     int first, end;  // positions [first, end); position j's window starts at j - half
     std::uint32_t multiplier;  // ExactDivider's multiply and shift for the kernel's sum
@@ -23,13 +24,26 @@ struct CSharpMiddle {
     unsigned char* out;  // [length][lanes]
 };
 
-// For lanes 4 and 32.
+// The lines' prefix sums: byte c of sample t of line k at in[t * step + k *
+// line_step + c] (k < lanes / 4, c < 4) adds to lane 4 * k + c of rows t + 1
+// and on of prefix ([length + 1][lanes]; row 0 is all zero).
+struct CSharpPrefix {
+    const unsigned char* in;
+    std::ptrdiff_t step;
+    std::ptrdiff_t line_step;
+    int length;
+    std::uint32_t* prefix;
+};
+
+// Each for lanes 4 and 32.
 namespace portable {
+void fill_csharp_prefix(const CSharpPrefix& job, int lanes);
 void blur_csharp_middle(const CSharpMiddle& job, int lanes);
-}
+}  // namespace portable
 namespace avx2 {
+void fill_csharp_prefix(const CSharpPrefix& job, int lanes);
 void blur_csharp_middle(const CSharpMiddle& job, int lanes);
-}
+}  // namespace avx2
 
 }  // namespace qtzq
 

@@ -58,17 +58,52 @@ struct Vectors {
     }
 };
 
+// The vectors a block of kLanes lanes is handled in.
+template <int kLanes>
+using VectorsFor = Vectors<(kLanes * 4 < QTZQ_KERNEL_VECTOR_BYTES ? kLanes * 4 : QTZQ_KERNEL_VECTOR_BYTES)>;
+
+template <int kLanes>
+void fill_prefix(const CSharpPrefix& job) {
+    using V = VectorsFor<kLanes>;
+    constexpr int kCount = kLanes / V::kLanes;
+    constexpr int kPixels = V::kLanes / 4;  // pixels of neighbouring lines in one vector
+    typename V::U32 running[kCount] = {};
+    std::uint32_t* row = job.prefix;
+    std::memset(row, 0, kLanes * sizeof *row);
+    const unsigned char* sample = job.in;
+    for (int t = 0; t < job.length; ++t, sample += job.step) {
+        row += kLanes;
+        for (int v = 0; v < kCount; ++v) {
+            typename V::U8 bytes;
+            if (job.line_step == 4) {  // neighbouring pixels of a row: one load
+                std::memcpy(&bytes, sample + v * V::kLanes, sizeof bytes);
+            } else {
+                unsigned char gathered[V::kLanes];
+                for (int p = 0; p < kPixels; ++p)
+                    std::memcpy(gathered + 4 * p, sample + (v * kPixels + p) * job.line_step, 4);
+                std::memcpy(&bytes, gathered, sizeof bytes);
+            }
+            running[v] += __builtin_convertvector(bytes, typename V::U32);
+            std::memcpy(row + v * V::kLanes, &running[v], sizeof running[v]);
+        }
+    }
+}
+
 template <int kLanes>
 void blur_middle(const CSharpMiddle& job) {
-    constexpr int kBytes = kLanes * 4 < QTZQ_KERNEL_VECTOR_BYTES ? kLanes * 4 : QTZQ_KERNEL_VECTOR_BYTES;
-    using V = Vectors<kBytes>;
+    using V = VectorsFor<kLanes>;
     constexpr int kCount = kLanes / V::kLanes;
     for (int j = job.first; j < job.end; ++j) {
         typename V::U32 sums[kCount] = {};
-        for (int k = 0; k < job.term_count; ++k) {
-            const std::uint32_t* p = job.prefix + std::size_t(j - job.half + job.terms[k].offset) * kLanes;
-            const std::uint32_t c = job.terms[k].coefficient;
-            for (int v = 0; v < kCount; ++v) sums[v] += c * V::load(p + v * V::kLanes);
+        const std::uint32_t* window = job.prefix + std::size_t(j - job.half) * kLanes;
+        for (int k = 0; k < job.box_count; ++k) {
+            const WeightBox& box = job.boxes[k];
+            const std::uint32_t* begin = window + std::size_t(box.begin) * kLanes;
+            const std::uint32_t* end = window + std::size_t(box.end) * kLanes;
+            for (int v = 0; v < kCount; ++v) {
+                const int lane = v * V::kLanes;
+                sums[v] += box.height * (V::load(end + lane) - V::load(begin + lane));
+            }
         }
         unsigned char* o = job.out + std::size_t(j) * kLanes;
         for (int v = 0; v < kCount; ++v) {
@@ -80,6 +115,11 @@ void blur_middle(const CSharpMiddle& job) {
 }
 
 }  // namespace
+
+void fill_csharp_prefix(const CSharpPrefix& job, int lanes) {
+    if (lanes == 4) fill_prefix<4>(job);
+    else fill_prefix<32>(job);
+}
 
 void blur_csharp_middle(const CSharpMiddle& job, int lanes) {
     if (lanes == 4) blur_middle<4>(job);
