@@ -1,6 +1,6 @@
 // The recursive Gaussian's line filter on vector units: a block of up to
-// kDericheBlockLines lines at once, four double lanes per pixel (blue, green,
-// red and one unused). One kernel source (deriche_block_kernel.h) compiled
+// kDericheBlockLines lines at once, one double lane per line, a vector per
+// channel (blue, green, red). One kernel source (deriche_block_kernel.h) compiled
 // once per instruction set; deriche_lines.cpp picks the one to run.
 #ifndef QTZQ_BLUR_VECTOR_DERICHE_BLOCK_H
 #define QTZQ_BLUR_VECTOR_DERICHE_BLOCK_H

@@ -16,9 +16,10 @@
 //   stays double, float stays float, integers stay integers.
 // - Lanes run across the channels of one pixel or across neighbouring lines,
 //   never along a line, so each channel keeps its own operation sequence.
-//   The fourth lane of a pixel is filtered too but never read from or
-//   written to the image: a pixel may be three bytes, so its fourth byte
-//   belongs to the next pixel or lies past the buffer.
+//   Here they run across the block's four lines, one vector per channel, so
+//   no lane is spent on a fourth byte (a pixel may be three bytes: its
+//   fourth byte belongs to the next pixel or lies past the buffer, and is
+//   never read).
 // - Converting an input byte to double is exact, so it is done once per
 //   pixel rather than at every tap.
 // - Everything here has internal linkage apart from the entry point, so no
@@ -56,91 +57,86 @@ Taps spread(const double* numerator, const double* denominator, const double* ed
     return taps;
 }
 
-// Values are stored position by position, the block's lines side by side:
-// element position * Lines + line.
-template <int Lines>
+// One vector holds one channel of the block's lines, a lane per line:
+// element position * kChannels + channel. Lanes of lines the block does not
+// have (a last, partial block) are filtered as zeros and never stored.
+constexpr int kChannels = 3;  // blue, green, red; alpha is never filtered
+
 void load_pixels(const DericheLines& lines, v4d* x) {
     for (int p = 0; p < lines.length; ++p)
-        for (int l = 0; l < Lines; ++l) {
-            const unsigned char* px = lines.in + l * lines.in_line_step + p * lines.in_step;
-            x[std::ptrdiff_t(p) * Lines + l] = v4d{double(px[0]), double(px[1]), double(px[2]), 0.0};
+        for (int c = 0; c < kChannels; ++c) {
+            v4d v = splat(0.0);
+            for (int l = 0; l < lines.count; ++l)
+                v[l] = double(lines.in[l * lines.in_line_step + p * lines.in_step + c]);
+            x[std::ptrdiff_t(p) * kChannels + c] = v;
         }
 }
 
-template <int Lines>
 void store_pixels(const DericheLines& lines, const v4d* y, const v4d* z) {
     for (int p = 0; p < lines.length; ++p)
-        for (int l = 0; l < Lines; ++l) {
-            const std::ptrdiff_t at = std::ptrdiff_t(p) * Lines + l;
+        for (int c = 0; c < kChannels; ++c) {
+            const std::ptrdiff_t at = std::ptrdiff_t(p) * kChannels + c;
             const v4d sum = y[at] + z[at];
-            unsigned char* px = lines.out + l * lines.out_line_step + p * lines.out_step;
-            px[0] = filtered_to_byte(sum[0]);
-            px[1] = filtered_to_byte(sum[1]);
-            px[2] = filtered_to_byte(sum[2]);
+            for (int l = 0; l < lines.count; ++l)
+                lines.out[l * lines.out_line_step + p * lines.out_step + c] = filtered_to_byte(sum[l]);
         }
 }
 
-// One output position of one direction for every line of the block. `at`
-// is the position's first element; `toward` steps one position back along
-// the filter's direction. The value at the position itself still counts as
-// 0.0 in the i = 0 tap, as in the scalar code's zero-filled work array.
-template <int Lines>
+// One output position of one direction for every channel of the block's
+// lines. `at` is the position's first element; `toward` steps one position
+// back along the filter's direction. The value at the position itself still
+// counts as 0.0 in the i = 0 tap, as in the scalar code's zero-filled work
+// array.
 __attribute__((always_inline)) inline void filter_position(const v4d* x, v4d* w, std::ptrdiff_t at,
                                                            std::ptrdiff_t toward, int taps,
                                                            const Taps& k, const v4d* edge_pixel) {
     const v4d zero = splat(0.0);
-    for (int l = 0; l < Lines; ++l) {
+    for (int c = 0; c < kChannels; ++c) {
         v4d acc = zero;
-        acc = acc + (k.numerator[0] * x[at + l] - k.denominator[0] * zero);
+        acc = acc + (k.numerator[0] * x[at + c] - k.denominator[0] * zero);
         for (int i = 1; i <= taps; ++i) {
-            const std::ptrdiff_t back = at + i * toward + l;
+            const std::ptrdiff_t back = at + i * toward + c;
             acc = acc + (k.numerator[i] * x[back] - k.denominator[i] * w[back]);
         }
-        for (int i = taps + 1; i <= kOrder; ++i) acc = acc + k.edge[i] * edge_pixel[l];
-        w[at + l] = acc;
+        for (int i = taps + 1; i <= kOrder; ++i) acc = acc + k.edge[i] * edge_pixel[c];
+        w[at + c] = acc;
     }
 }
 
-template <int Lines>
 void filter_block(const DericheLines& lines, const DericheCoefficients& k, double* work) {
     const int length = lines.length;
-    const std::ptrdiff_t count = std::ptrdiff_t(length) * Lines;
+    const std::ptrdiff_t count = std::ptrdiff_t(length) * kChannels;
     v4d* const x = reinterpret_cast<v4d*>(work);
     v4d* const y = x + count;
     v4d* const z = y + count;
-    load_pixels<Lines>(lines, x);
+    load_pixels(lines, x);
 
-    v4d first[Lines], last[Lines];
-    for (int l = 0; l < Lines; ++l) {
-        first[l] = x[l];
-        last[l] = x[count - Lines + l];
+    v4d first[kChannels], last[kChannels];
+    for (int c = 0; c < kChannels; ++c) {
+        first[c] = x[c];
+        last[c] = x[count - kChannels + c];
     }
     const Taps causal = spread(k.n, k.d, k.bn);
     const Taps anticausal = spread(k.m, k.dAnti, k.bm);
 
     int step = 0;
     for (; step < length && step < kOrder; ++step) {
-        filter_position<Lines>(x, y, std::ptrdiff_t(step) * Lines, -Lines, step, causal, first);
-        filter_position<Lines>(x, z, std::ptrdiff_t(length - 1 - step) * Lines, Lines, step,
-                               anticausal, last);
+        filter_position(x, y, std::ptrdiff_t(step) * kChannels, -kChannels, step, causal, first);
+        filter_position(x, z, std::ptrdiff_t(length - 1 - step) * kChannels, kChannels, step,
+                        anticausal, last);
     }
     for (; step < length; ++step) {
-        filter_position<Lines>(x, y, std::ptrdiff_t(step) * Lines, -Lines, kOrder, causal, first);
-        filter_position<Lines>(x, z, std::ptrdiff_t(length - 1 - step) * Lines, Lines, kOrder,
-                               anticausal, last);
+        filter_position(x, y, std::ptrdiff_t(step) * kChannels, -kChannels, kOrder, causal, first);
+        filter_position(x, z, std::ptrdiff_t(length - 1 - step) * kChannels, kChannels, kOrder,
+                        anticausal, last);
     }
-    store_pixels<Lines>(lines, y, z);
+    store_pixels(lines, y, z);
 }
 
 }  // namespace
 
 void filter_deriche_block(const DericheLines& lines, const DericheCoefficients& k, double* work) {
-    switch (lines.count) {
-        case 1: filter_block<1>(lines, k, work); break;
-        case 2: filter_block<2>(lines, k, work); break;
-        case 3: filter_block<3>(lines, k, work); break;
-        default: filter_block<4>(lines, k, work); break;
-    }
+    filter_block(lines, k, work);
 }
 
 }  // namespace QTZQ_KERNEL_SET
