@@ -3,6 +3,7 @@
 
 #include "pixel/image_walk.h"
 #include "pixel/numeric.h"
+#include "pixel/tone_tables.h"
 #include "qtzqeffect/pixel.h"
 
 namespace {
@@ -68,6 +69,21 @@ unsigned char stretched(int value, const LevelBounds& bounds) {
     return qtzq::clamp_byte(qtzq::truncate_int(rounded));
 }
 
+// The stretch of every level of a channel: one table per channel, filled by
+// `stretched` itself, so the pass over the image looks values up instead of
+// dividing in double at every pixel.
+struct StretchTable {
+    unsigned char map[kLevels];
+    bool identity = true;
+
+    explicit StretchTable(const LevelBounds& bounds) {
+        for (int v = 0; v < kLevels; ++v) {
+            map[v] = stretched(v, bounds);
+            identity = identity && map[v] == v;
+        }
+    }
+};
+
 }  // namespace
 
 void AutoColorLevel(unsigned char* pixels, int width, int height, bool analyse) {
@@ -83,9 +99,8 @@ void AutoColorLevel(unsigned char* pixels, int width, int height, bool analyse) 
         green = channel_bounds(histogram, IMAGE_CHANNEL_GREEN);
         blue = channel_bounds(histogram, IMAGE_CHANNEL_BLUE);
     }
-    qtzq::for_each_pixel(pixels, width, height, [&](unsigned char* pixel) {
-        pixel[0] = stretched(pixel[0], blue);
-        pixel[1] = stretched(pixel[1], green);
-        pixel[2] = stretched(pixel[2], red);
-    });
+    const StretchTable b(blue), g(green), r(red);
+    // Bounds 0 and 255 (no analysis, or a full-range photo) change nothing.
+    if (b.identity && g.identity && r.identity) return;
+    qtzq::apply_tables(pixels, width, height, b.map, g.map, r.map);
 }
