@@ -1,0 +1,81 @@
+// The zoom blur's shared pieces (zoom_taps.h), out of line so that the AVX2
+// file can call them.
+#include "blur/zoom_taps.h"
+
+#include "blur/zoom_curve.h"
+
+namespace qtzq {
+
+ZoomAxis::ZoomAxis(int size) : centre(std::int64_t(size) * kZoomHalf), rounding(centre + kZoomHalf) {}
+
+std::int64_t ZoomAxis::offset(int at) const { return std::int64_t(at) * kZoomOne - centre; }
+
+void write_zoomed_pixel(unsigned char* out, const ZoomSums& sums) {
+    if (sums.weight != 0) {
+        out[0] = static_cast<unsigned char>(sums.blue / sums.weight);
+        out[1] = static_cast<unsigned char>(sums.green / sums.weight);
+        out[2] = static_cast<unsigned char>(sums.red / sums.weight);
+        out[3] = static_cast<unsigned char>(sums.weight / kZoomTaps);
+    } else {
+        out[3] = 0;
+    }
+    for (int c = 0; c < 3; ++c) out[c] = kZoomContrastCurve.map[out[c]];
+}
+
+ZoomSums zoom_pixel_sums(const unsigned char* src, const unsigned char* weights, int width,
+                         const ZoomAxis& ax, const ZoomAxis& ay, int x, int y) {
+    const auto at = [width](std::int64_t column, std::int64_t row) {
+        return (row * width + column) * kZoomPixelBytes;
+    };
+    ZoomSums sums;
+    const auto add = [&](std::int64_t sample) {
+        const std::int32_t w = weights[sample];
+        sums.weight += w;
+        sums.blue += w * src[sample];
+        sums.green += w * src[sample + 1];
+        sums.red += w * src[sample + 2];
+    };
+    add(at(x, y));
+    std::int64_t dx = ax.offset(x), dy = ay.offset(y);
+    for (int tap = 1; tap < kZoomTaps; ++tap) {
+        dx = zoom_shrink(dx);
+        dy = zoom_shrink(dy);
+        // Samples lie between the pixel and the centre: always inside.
+        add(at((dx + ax.rounding) >> 16, (dy + ay.rounding) >> 16));
+    }
+    return sums;
+}
+
+void zoom_tap_rows(const ZoomAxis& ay, int width, int y, std::int64_t* rows) {
+    std::int64_t dy = ay.offset(y);
+    rows[0] = std::int64_t(y) * width;
+    for (int tap = 1; tap < kZoomTaps; ++tap) {
+        dy = zoom_shrink(dy);
+        rows[tap] = ((dy + ay.rounding) >> 16) * width;
+    }
+}
+
+void zoom_strip_columns(const ZoomAxis& ax, int x0, int x1, std::int32_t* table) {
+    for (int x = x0; x < x1; ++x) {
+        std::int64_t dx = ax.offset(x);
+        for (int tap = 1; tap < kZoomTaps; ++tap) {
+            dx = zoom_shrink(dx);
+            table[std::size_t(tap - 1) * kZoomStripColumns + (x - x0)] =
+                std::int32_t((dx + ax.rounding) >> 16);
+        }
+    }
+}
+
+std::vector<std::uint32_t> pack_zoom_source(const unsigned char* src, const unsigned char* weights,
+                                            int width, int height) {
+    const std::size_t pixels = std::size_t(width) * std::size_t(height);
+    std::vector<std::uint32_t> packed(pixels + kZoomPackedPadding);
+    for (std::size_t i = 0; i < pixels; ++i) {
+        const unsigned char* px = src + i * kZoomPixelBytes;
+        packed[i] = std::uint32_t(px[0]) | std::uint32_t(px[1]) << 8 | std::uint32_t(px[2]) << 16 |
+                    std::uint32_t(weights[i * kZoomPixelBytes]) << 24;
+    }
+    return packed;
+}
+
+}  // namespace qtzq
