@@ -1,6 +1,6 @@
 // RadiusZoomBlur: a weighted radial blur toward the image centre, all in
 // 16.16 fixed point. The loop here, one pixel and its 97 taps at a time, is
-// the reference; the fast paths (zoom_rows.cpp, vector/zoom_gather_avx2.cpp)
+// the reference; the fast paths (zoom_strips.cpp, vector/zoom_strips_avx2.cpp)
 // give the same bytes and run unless the scalar path is forced.
 #include "blur/zoom_taps.h"
 #include "qtzqeffect/blur.h"
@@ -28,13 +28,11 @@ void RadiusZoomBlur(unsigned char* dst, unsigned char* src, unsigned char* weigh
         zoom_blur_reference(dst, src, weights, width, height);
         return;
     }
-    // One extra image: the packed source.
-    const std::vector<std::uint32_t> packed = qtzq::pack_zoom_source(src, weights, width, height);
 #if defined(QTZQ_X86_KERNELS)
     if (unit == qtzq::VectorUnit::kAvx2) {
-        qtzq::avx2::zoom_blur_gather(dst, packed.data(), src, weights, width, height);
+        qtzq::avx2::zoom_blur_strips(dst, src, weights, width, height);
         return;
     }
 #endif
-    qtzq::zoom_blur_rows(dst, packed.data(), width, height);
+    qtzq::zoom_blur_strips(dst, src, weights, width, height);
 }

@@ -2,6 +2,8 @@
 // file can call them.
 #include "blur/zoom_taps.h"
 
+#include <vector>
+
 #include "blur/zoom_curve.h"
 
 namespace qtzq {
@@ -20,6 +22,13 @@ void write_zoomed_pixel(unsigned char* out, const ZoomSums& sums) {
         out[3] = 0;
     }
     for (int c = 0; c < 3; ++c) out[c] = kZoomContrastCurve.map[out[c]];
+}
+
+void write_zoomed_pixels(unsigned char* out, int count, const std::int32_t* weight,
+                         const std::int32_t* blue, const std::int32_t* green,
+                         const std::int32_t* red) {
+    for (int i = 0; i < count; ++i)
+        write_zoomed_pixel(out + i * kZoomPixelBytes, {weight[i], blue[i], green[i], red[i]});
 }
 
 ZoomSums zoom_pixel_sums(const unsigned char* src, const unsigned char* weights, int width,
@@ -66,16 +75,20 @@ void zoom_strip_columns(const ZoomAxis& ax, int x0, int x1, std::int32_t* table)
     }
 }
 
-std::vector<std::uint32_t> pack_zoom_source(const unsigned char* src, const unsigned char* weights,
-                                            int width, int height) {
-    const std::size_t pixels = std::size_t(width) * std::size_t(height);
-    std::vector<std::uint32_t> packed(pixels + kZoomPackedPadding);
-    for (std::size_t i = 0; i < pixels; ++i) {
-        const unsigned char* px = src + i * kZoomPixelBytes;
-        packed[i] = std::uint32_t(px[0]) | std::uint32_t(px[1]) << 8 | std::uint32_t(px[2]) << 16 |
-                    std::uint32_t(weights[i * kZoomPixelBytes]) << 24;
+void zoom_in_strips(unsigned char* dst, const unsigned char* src, const unsigned char* weights,
+                    int width, int height, int columns, ZoomStripRowKernel kernel) {
+    const ZoomAxis ax(width), ay(height);
+    std::vector<std::int32_t> table(std::size_t(kZoomTaps - 1) * kZoomStripColumns);
+    std::int64_t rows[kZoomTaps];
+    for (int x0 = 0; x0 < columns; x0 += kZoomStripColumns) {
+        const int x1 = x0 + kZoomStripColumns < columns ? x0 + kZoomStripColumns : columns;
+        zoom_strip_columns(ax, x0, x1, table.data());
+        for (int y = 0; y < height; ++y) {
+            zoom_tap_rows(ay, width, y, rows);
+            kernel({dst + std::int64_t(y) * width * kZoomPixelBytes, src, weights, width, rows,
+                    table.data(), x0, x1});
+        }
     }
-    return packed;
 }
 
 }  // namespace qtzq

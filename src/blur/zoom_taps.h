@@ -9,7 +9,6 @@
 #define QTZQ_BLUR_ZOOM_TAPS_H
 
 #include <cstdint>
-#include <vector>
 
 namespace qtzq {
 
@@ -43,14 +42,20 @@ struct ZoomSums {
 // contrast curve.
 void write_zoomed_pixel(unsigned char* out, const ZoomSums& sums);
 
+// write_zoomed_pixel for `count` pixels from `out` on, their sums in four
+// arrays.
+void write_zoomed_pixels(unsigned char* out, int count, const std::int32_t* weight,
+                         const std::int32_t* blue, const std::int32_t* green,
+                         const std::int32_t* red);
+
 // Every tap of pixel (x, y), one after the other. Positions are held in
 // 64 bits so that no image size overflows; for every size whose positions
 // fit in 32 bits the results are those of 32-bit arithmetic.
 ZoomSums zoom_pixel_sums(const unsigned char* src, const unsigned char* weights, int width,
                          const ZoomAxis& ax, const ZoomAxis& ay, int x, int y);
 
-// Source rows of the taps of output row y, as offsets of their first pixel
-// in the packed source: kZoomTaps entries.
+// Source rows of the taps of output row y, as indices of their first pixel:
+// kZoomTaps entries.
 void zoom_tap_rows(const ZoomAxis& ay, int width, int y, std::int64_t* rows);
 
 // The fast paths work in strips of columns. The source columns of a tap
@@ -60,24 +65,35 @@ void zoom_tap_rows(const ZoomAxis& ay, int width, int y, std::int64_t* rows);
 constexpr int kZoomStripColumns = 256;
 void zoom_strip_columns(const ZoomAxis& ax, int x0, int x1, std::int32_t* table);
 
-// The source pixel's blue, green and red with its weight in the fourth
-// byte (byte 0 of the weights pixel), one 32-bit word a pixel: a fast path
-// reads a sample with one load. kZoomPackedPadding zero words follow the
-// last pixel, so that eight words may be loaded from any pixel on.
-constexpr int kZoomPackedPadding = 7;
-std::vector<std::uint32_t> pack_zoom_source(const unsigned char* src, const unsigned char* weights,
-                                            int width, int height);
+// One output row of one strip: pixels x0 .. x1 - 1 of the row whose tap
+// rows are `rows` (zoom_tap_rows), with the strip's column table.
+struct ZoomStripRow {
+    unsigned char* out;  // the output row
+    const unsigned char* src;
+    const unsigned char* weights;
+    int width;
+    const std::int64_t* rows;
+    const std::int32_t* columns;
+    int x0, x1;
+};
+using ZoomStripRowKernel = void (*)(const ZoomStripRow& row);
 
-// The fast paths: the same bytes as the reference loop, from the packed
-// source. The strip path is plain C++ for every CPU; the AVX2 one takes eight
+// Runs `kernel` over output columns 0 .. columns - 1, strip by strip, each
+// strip top to bottom.
+void zoom_in_strips(unsigned char* dst, const unsigned char* src, const unsigned char* weights,
+                    int width, int height, int columns, ZoomStripRowKernel kernel);
+
+// The fast paths: the same bytes as the reference loop, with no scratch
+// image. The strip path is plain C++ for every CPU; the AVX2 one takes eight
 // samples at once.
 // The AVX2 file calls only functions defined out of line here (and no
 // inline or template code shared with other files), so no code compiled for
 // AVX2 can stand in for a function the other paths run.
-void zoom_blur_rows(unsigned char* dst, const std::uint32_t* packed, int width, int height);
+void zoom_blur_strips(unsigned char* dst, const unsigned char* src, const unsigned char* weights,
+                      int width, int height);
 namespace avx2 {
-void zoom_blur_gather(unsigned char* dst, const std::uint32_t* packed, const unsigned char* src,
-                      const unsigned char* weights, int width, int height);
+void zoom_blur_strips(unsigned char* dst, const unsigned char* src, const unsigned char* weights,
+                      int width, int height);
 }
 
 }  // namespace qtzq
