@@ -29,6 +29,10 @@ VectorUnit active_vector_unit() {
     return limit < detected ? limit : detected;
 }
 
+bool scalar_reference_forced() {
+    return unit_limit.load(std::memory_order_relaxed) == VectorUnit::kScalar;
+}
+
 ScopedVectorUnitLimit::ScopedVectorUnitLimit(VectorUnit limit)
     : previous_(unit_limit.exchange(limit)) {}
 

@@ -16,6 +16,12 @@ VectorUnit detected_vector_unit();
 // The unit the kernels use now: the detected one, at most the current limit.
 VectorUnit active_vector_unit();
 
+// True while the limit is kScalar. The vector kernels follow
+// active_vector_unit(); a fast path that is plain integer code and runs on
+// every CPU, the ones without a vector unit included, asks this instead to
+// know when to give way to its reference loop.
+bool scalar_reference_forced();
+
 // Limits the kernels, in every thread, to `limit` or a narrower unit for its
 // lifetime (kScalar forces the scalar reference path), then restores the
 // previous limit. Only tests and benchmarks use it.

@@ -3,9 +3,7 @@
 #define QTZQ_TESTS_BLUR_SUPPORT_H
 
 #include <cstddef>
-#include <vector>
 
-#include "simd/vector_unit.h"
 #include "support/images.h"
 
 namespace qtzq_test {
@@ -26,14 +24,6 @@ inline bool alpha_unchanged(const Bytes& before, const Bytes& after) {
     for (std::size_t i = 3; i < before.size(); i += 4)
         if (before[i] != after[i]) return false;
     return true;
-}
-
-// Every vector unit this CPU can run.
-inline std::vector<qtzq::VectorUnit> vector_units() {
-    std::vector<qtzq::VectorUnit> units;
-    for (auto unit : {qtzq::VectorUnit::kSse2, qtzq::VectorUnit::kAvx2})
-        if (unit <= qtzq::detected_vector_unit()) units.push_back(unit);
-    return units;
 }
 
 }  // namespace qtzq_test

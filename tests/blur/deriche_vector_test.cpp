@@ -81,6 +81,14 @@ Bytes filtered(const Entry& entry, int w, int h, double radius, qtzq::VectorUnit
     return image;
 }
 
+// Every vector unit this CPU can run.
+std::vector<qtzq::VectorUnit> vector_units() {
+    std::vector<qtzq::VectorUnit> units;
+    for (auto unit : {qtzq::VectorUnit::kSse2, qtzq::VectorUnit::kAvx2})
+        if (unit <= qtzq::detected_vector_unit()) units.push_back(unit);
+    return units;
+}
+
 TEST(DericheVector, EqualsTheScalarReference) {
     int case_number = 0;
     for (const Entry& entry : kEntries)
@@ -107,7 +115,9 @@ TEST(DericheVector, LimitIsScopedAndNests) {
         {
             qtzq::ScopedVectorUnitLimit inner(qtzq::VectorUnit::kScalar);
             EXPECT_EQ(qtzq::active_vector_unit(), qtzq::VectorUnit::kScalar);
+            EXPECT_TRUE(qtzq::scalar_reference_forced());
         }
+        EXPECT_FALSE(qtzq::scalar_reference_forced());
         EXPECT_EQ(qtzq::active_vector_unit(), std::min(detected, qtzq::VectorUnit::kSse2));
     }
     EXPECT_EQ(qtzq::active_vector_unit(), detected);
