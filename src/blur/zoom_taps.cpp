@@ -7,6 +7,14 @@
 #include "blur/zoom_curve.h"
 
 namespace qtzq {
+namespace {
+
+static_assert((std::int64_t(-17) >> 4) == -2, "right shifts of negative values must be arithmetic");
+
+// One step toward the centre: the offset shrinks by about 100/16384 of itself.
+std::int64_t zoom_shrink(std::int64_t offset) { return offset - ((100 * (offset >> 4)) >> 10); }
+
+}  // namespace
 
 ZoomAxis::ZoomAxis(int size) : centre(std::int64_t(size) * kZoomHalf), rounding(centre + kZoomHalf) {}
 

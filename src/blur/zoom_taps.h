@@ -17,15 +17,6 @@ constexpr int kZoomPixelBytes = 4;
 constexpr std::int32_t kZoomOne = 65536;
 constexpr std::int32_t kZoomHalf = 32768;
 
-static_assert((std::int32_t(-17) >> 4) == -2, "right shifts of negative values must be arithmetic");
-
-// One step toward the centre: the offset shrinks by about 100/16384 of itself.
-// (The AVX2 file has its own, on vectors.)
-template <typename Fixed>
-inline Fixed zoom_shrink(Fixed offset) {
-    return offset - ((100 * (offset >> 4)) >> 10);
-}
-
 // The centre, and the centre plus the rounding half, along one axis.
 struct ZoomAxis {
     std::int64_t centre, rounding;
@@ -85,10 +76,10 @@ void zoom_in_strips(unsigned char* dst, const unsigned char* src, const unsigned
 
 // The fast paths: the same bytes as the reference loop, with no scratch
 // image. The strip path is plain C++ for every CPU; the AVX2 one takes eight
-// samples at once.
-// The AVX2 file calls only functions defined out of line here (and no
-// inline or template code shared with other files), so no code compiled for
-// AVX2 can stand in for a function the other paths run.
+// samples at once. The AVX2 file calls only the functions above, all defined
+// out of line in zoom_taps.cpp, and shares no inline or template code with
+// other files, so no code compiled for AVX2 can stand in for a function the
+// other paths run.
 void zoom_blur_strips(unsigned char* dst, const unsigned char* src, const unsigned char* weights,
                       int width, int height);
 namespace avx2 {

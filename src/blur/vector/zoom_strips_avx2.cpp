@@ -1,4 +1,4 @@
-// The zoom blur on AVX2, in strips of columns as zoom_rows.cpp does it, eight
+// The zoom blur on AVX2, in strips of columns as zoom_strips.cpp does it, eight
 // neighbouring output pixels at a time. The eight samples of a tap come from
 // one source row and, as shrinking never widens the gap between two offsets
 // nor reverses their order, from the eight columns starting at the first
