@@ -1,14 +1,13 @@
 // Blurs and sharpening: the recursive Gaussian and the blur brush (their
 // cost should not grow with the radius), the unsharp mask (whose kernel
-// does grow) and the radial zoom blur. Each reports its scratch memory. The
-// recursive blurs have scalar twins: the same pass with the vector kernels
-// off, the reference their speed-up is measured against.
+// does grow) and the radial zoom blur. Each reports its scratch memory, and
+// each has a scalar twin: the same pass with the vector kernels and fast
+// paths off, the reference its speed-up is measured against.
 #include <qtzqeffect/blur.h>
 
 #include <string>
 
 #include "qtzq_app/materials.h"
-#include "simd/vector_unit.h"
 
 #include "bench_image.h"
 #include "suites.h"
@@ -33,13 +32,7 @@ std::string gaussian_anchor(int radius) {
 // `pass`, and its twin NAME/scalar on the scalar reference path.
 void add_pass_and_scalar_twin(const std::string& name, const Pass& pass, const std::string& anchor) {
     add_pass(name, pass, anchor, Memory::Measure);
-    add_pass(
-        name + "/scalar",
-        [pass](BgraImage& photo) {
-            qtzq::ScopedVectorUnitLimit scalar(qtzq::VectorUnit::kScalar);
-            pass(photo);
-        },
-        anchor, Memory::Measure);
+    add_pass(name + "/scalar", on_scalar_path(pass), anchor, Memory::Measure);
 }
 
 void zoom_blur(BgraImage& photo) {
@@ -72,15 +65,15 @@ void register_blurs() {
             gaussian_anchor(radius));
     }
     for (int radius : kSharpenRadii) {
-        add_pass(
+        add_pass_and_scalar_twin(
             radius_name("unsharp", radius),
             [radius](BgraImage& photo) {
                 CSharp sharpen;
                 sharpen.useEffect(photo.data(), photo.width, photo.height, radius, 0.8f);
             },
-            "", Memory::Measure);
+            "");
     }
-    add_pass("blur/zoom", zoom_blur, "", Memory::Measure);
+    add_pass_and_scalar_twin("blur/zoom", zoom_blur, "");
 }
 
 }  // namespace qtzq_bench

@@ -7,7 +7,9 @@ Every row is the median of the run's repetitions. Throughput is megapixels
 per second of the bench photo; "x memcpy" is how many copies of the photo
 fit in the time of one pass; "x OpenCV" compares with the OpenCV benchmark
 named as the row's anchor, when the run had one. "scratch" is the peak extra
-memory of one call, in images of the photo's size.
+memory of one call, in images of the photo's size. "speed-up" stands on the
+row of every case X that has a twin X/scalar (the same pass with the vector
+kernels and fast paths off): time(X/scalar) / time(X).
 """
 
 import argparse
@@ -35,6 +37,7 @@ FAMILIES = [
 ]
 
 SCRATCH_LIMIT = 1.0  # images: a preset should not need more than one extra
+SCALAR_TWIN = "/scalar"  # suffix of a case's twin on the scalar reference path
 
 
 def load_medians(path):
@@ -61,6 +64,13 @@ def ratio(x):
     if x >= 10:
         return "{:.0f}".format(x)
     return "{:.1f}".format(x) if x >= 1 else "{:.2f}".format(x)
+
+
+def speed_up(rows, name):
+    """time(NAME/scalar) / time(NAME) when NAME has a scalar twin, else None."""
+    twin = rows.get(name + SCALAR_TWIN)
+    ms = milliseconds(rows[name])
+    return milliseconds(twin) / ms if twin and ms > 0 else None
 
 
 def anchor_of(bench):
@@ -96,9 +106,12 @@ def family_table(rows, prefix, pixels, memcpy_ms):
         return []
     show_scratch = any("scratch" in rows[n] for n in names)
     show_anchor = any(anchor_of(rows[n]) in rows for n in names)
+    show_speed_up = any(speed_up(rows, n) is not None for n in names)
     header = ["benchmark", "ms", "MP/s", "x memcpy"]
     if show_anchor:
         header.append("x OpenCV")
+    if show_speed_up:
+        header.append("speed-up")
     if show_scratch:
         header.append("scratch")
     lines = ["| " + " | ".join(header) + " |", "|" + "---|" * len(header)]
@@ -115,6 +128,9 @@ def family_table(rows, prefix, pixels, memcpy_ms):
             anchor = anchor_of(bench)
             cells.append("{} ({})".format(ratio(ms / milliseconds(rows[anchor])), anchor[len("opencv/"):])
                          if anchor in rows else "")
+        if show_speed_up:
+            gain = speed_up(rows, name)
+            cells.append("" if gain is None else ratio(gain))
         if show_scratch:
             scratch = bench.get("scratch")
             flag = " !" if scratch is not None and scratch > SCRATCH_LIMIT + 0.05 else ""
@@ -135,7 +151,9 @@ def render(context, rows):
         "the photo per second. `x memcpy`: the pass's time in copies of the photo.",
         "`x OpenCV`: the pass's time over that of the named OpenCV benchmark on the",
         "same photo. `scratch`: peak extra memory of one call, in images of the",
-        "photo's size (`!` marks more than one extra image).",
+        "photo's size (`!` marks more than one extra image). `speed-up`: on the row",
+        "of a case with a twin `NAME/scalar` (the same pass with the vector kernels",
+        "and fast paths off), the twin's time over the case's.",
         "",
         "## Machine",
         "",

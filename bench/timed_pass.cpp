@@ -5,6 +5,7 @@
 
 #include "bench_image.h"
 #include "peak_memory.h"
+#include "simd/vector_unit.h"
 
 namespace qtzq_bench {
 
@@ -49,6 +50,13 @@ void add_pass(const std::string& name, Pass pass, const std::string& anchor, Mem
     add_benchmark(
         name, [pass = std::move(pass), memory](benchmark::State& state) { time_in_place(state, pass, memory); },
         anchor);
+}
+
+Pass on_scalar_path(Pass pass) {
+    return [pass = std::move(pass)](BgraImage& photo) {
+        qtzq::ScopedVectorUnitLimit scalar(qtzq::VectorUnit::kScalar);
+        pass(photo);
+    };
 }
 
 }  // namespace qtzq_bench

@@ -40,6 +40,10 @@ void add_benchmark(const std::string& name, std::function<void(benchmark::State&
 void add_pass(const std::string& name, Pass pass, const std::string& anchor = "",
               Memory memory = Memory::Ignore);
 
+// `pass` with the vector kernels and fast paths off: the scalar reference
+// that a twin NAME/scalar times, for the report's speed-up column.
+Pass on_scalar_path(Pass pass);
+
 }  // namespace qtzq_bench
 
 #endif  // QTZQ_BENCH_TIMED_PASS_H

@@ -115,7 +115,9 @@ TEST(DericheVector, LimitIsScopedAndNests) {
         {
             qtzq::ScopedVectorUnitLimit inner(qtzq::VectorUnit::kScalar);
             EXPECT_EQ(qtzq::active_vector_unit(), qtzq::VectorUnit::kScalar);
+            EXPECT_FALSE(qtzq::integer_fast_paths_enabled());
         }
+        EXPECT_TRUE(qtzq::integer_fast_paths_enabled());
         EXPECT_EQ(qtzq::active_vector_unit(), std::min(detected, qtzq::VectorUnit::kSse2));
     }
     EXPECT_EQ(qtzq::active_vector_unit(), detected);
