@@ -7,6 +7,7 @@
 #include "qtzqeffect/pixel.h"
 #include "qtzqeffect/styles.h"
 #include "styles/curve_pass.h"
+#include "styles/look.h"
 
 using qtzq::RgbCurves;
 
@@ -38,18 +39,20 @@ void StyleLomoHDRJinDian(unsigned char* image, int width, int height) {
     constexpr double kWashOpacity = 1.0;
     // Curves 45..47 hold the same values as 30..32 in slots of their own.
     lomo_hdr(image, width, height, RgbCurves::from_store(45, 46, 47));
-    qtzq::for_each_pixel(image, width, height, [](unsigned char* px) {
-        qtzq::exclusion_ex(px, kWash, kWashOpacity);
-    });
+    qtzq::Look()
+        .blend_constant(kWash, [](unsigned char* px, const unsigned char* wash) {
+            qtzq::exclusion_ex(px, wash, kWashOpacity);
+        })
+        .run(image, width, height);
 }
 
 void StyleRiguanghaian(unsigned char* image, unsigned char* material, int width, int height) {
     constexpr double kScreenOpacity = 1.0;
     AutoColorLevel(image, width, height, kAnalyseLevels);
-    const RgbCurves curves = RgbCurves::from_store(27, 28, 29);
-    qtzq::for_each_pixel(image, material, width, height,
-                         [&curves](unsigned char* px, const unsigned char* m) {
-                             curves.apply(px);
-                             qtzq::screen_ex(px, m, kScreenOpacity);
-                         });
+    qtzq::Look()
+        .curves(RgbCurves::from_store(27, 28, 29))
+        .blend_material(0, [](unsigned char* px, const unsigned char* m) {
+            qtzq::screen_ex(px, m, kScreenOpacity);
+        })
+        .run(image, width, height, {material});
 }

@@ -10,9 +10,11 @@
 
 #include "pixel/image_walk.h"
 #include "styles/blend_tables.h"
+#include "styles/look_steps.h"
 #include "styles/rgb_curves.h"
 
 using qtzq::BlendTables;
+using qtzq::Look;
 using qtzq::RgbCurves;
 using qtzq::for_each_pixel;
 
@@ -29,43 +31,48 @@ constexpr long kNiuPiZhiSaturation = -35;
 
 }  // namespace
 
+namespace {
+
+// Each channel through map `map`, the second index from the operand: a
+// channel blend.
+qtzq::ChannelBlend through(const BlendTables& maps, int map) {
+    return [maps, map](unsigned char* px, const unsigned char* second) { maps.apply(map, px, second); };
+}
+
+}  // namespace
+
 void StyleXuanCai(unsigned char* image, unsigned char* material1, unsigned char* material2,
                   int width, int height, unsigned char* tables) {
     const BlendTables maps(tables);
-    const RgbCurves curve = RgbCurves::from_store(0);
-    for_each_pixel(image, material1, material2, width, height,
-                   [&](unsigned char* px, unsigned char* m1, unsigned char* m2) {
-                       maps.apply(0, px, px);
-                       maps.apply(1, px, m1);
-                       maps.apply(2, px, m2);
-                       curve.apply(px);
-                   });
+    Look()
+        .blend_self(through(maps, 0))
+        .blend_material(0, through(maps, 1))
+        .blend_material(1, through(maps, 2))
+        .curves(RgbCurves::from_store(0))
+        .run(image, width, height, {material1, material2});
 }
 
 void StyleFanHuang(unsigned char* image, unsigned char* material1, unsigned char* material2,
                    int width, int height, unsigned char* tables) {
-    Saturateconst(image, width, height, kFanHuangSaturation, kHslSaturationShift);
     const BlendTables maps(tables);
-    const RgbCurves curves = RgbCurves::from_store(24, 25, 26);
-    for_each_pixel(image, material1, material2, width, height,
-                   [&](unsigned char* px, unsigned char* m1, unsigned char* m2) {
-                       curves.apply(px);
-                       maps.apply(0, px, m1);
-                       maps.apply(1, px, m2);
-                       maps.apply(2, px, kFanHuangWarmth);
-                   });
+    Look()
+        .span(qtzq::saturation(kFanHuangSaturation, kHslSaturationShift))
+        .curves(RgbCurves::from_store(24, 25, 26))
+        .blend_material(0, through(maps, 0))
+        .blend_material(1, through(maps, 1))
+        .blend_constant(kFanHuangWarmth, through(maps, 2))
+        .run(image, width, height, {material1, material2});
 }
 
 void StyleNiuPiZhi(unsigned char* image, unsigned char* material1, unsigned char* material2,
                    int width, int height, unsigned char* tables) {
-    Saturateconst(image, width, height, kNiuPiZhiSaturation, kHslSaturationShift);
     const BlendTables maps(tables);
-    for_each_pixel(image, material1, material2, width, height,
-                   [&](unsigned char* px, unsigned char* m1, unsigned char* m2) {
-                       maps.apply(0, px, kNiuPiZhiTint);
-                       maps.apply(1, px, m1);
-                       maps.apply(2, px, m2);
-                   });
+    Look()
+        .span(qtzq::saturation(kNiuPiZhiSaturation, kHslSaturationShift))
+        .blend_constant(kNiuPiZhiTint, through(maps, 0))
+        .blend_material(0, through(maps, 1))
+        .blend_material(1, through(maps, 2))
+        .run(image, width, height, {material1, material2});
 }
 
 void StyleRouguang(unsigned char* image, unsigned char* material, int width, int height,

@@ -2,8 +2,10 @@
 #include "qtzqeffect/styles.h"
 
 #include "pixel/image_walk.h"
+#include "styles/look.h"
 #include "styles/rgb_curves.h"
 
+using qtzq::Look;
 using qtzq::RgbCurves;
 using qtzq::for_each_pixel;
 
@@ -15,8 +17,7 @@ constexpr int kXiaoQingXinCurves[3] = {4, 5, 6};
 constexpr int kJapaneseCurves[3] = {7, 8, 9};
 
 void apply_store_curves(unsigned char* image, int width, int height, const int (&numbers)[3]) {
-    const RgbCurves curves = RgbCurves::from_store(numbers[0], numbers[1], numbers[2]);
-    for_each_pixel(image, width, height, [&](unsigned char* px) { curves.apply(px); });
+    Look().curves(RgbCurves::from_store(numbers[0], numbers[1], numbers[2])).run(image, width, height);
 }
 
 }  // namespace
@@ -44,11 +45,13 @@ void StyleXiaoQingXin(unsigned char* image, int width, int height) {
         const double moved = curved * kCurveWeight;
         return static_cast<unsigned char>(static_cast<unsigned int>(kept + moved));
     };
-    for_each_pixel(image, width, height, [&](unsigned char* px) {
-        px[0] = mix(px[0], curves.blue[px[0]]);
-        px[1] = mix(px[1], curves.green[px[1]]);
-        px[2] = mix(px[2], curves.red[px[2]]);
-    });
+    Look()
+        .blend_self([&](unsigned char* px, const unsigned char*) {
+            px[0] = mix(px[0], curves.blue[px[0]]);
+            px[1] = mix(px[1], curves.green[px[1]]);
+            px[2] = mix(px[2], curves.red[px[2]]);
+        })
+        .run(image, width, height);
 }
 
 void StyleGray(unsigned char* image, int width, int height) {

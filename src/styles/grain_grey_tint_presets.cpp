@@ -7,8 +7,10 @@
 #include "pixel/tone_kernels.h"
 #include "qtzqeffect/pixel.h"
 #include "qtzqeffect/styles.h"
-#include "styles/rgb_curves.h"
+#include "styles/look.h"
+#include "styles/look_steps.h"
 
+using qtzq::Look;
 using qtzq::RgbCurves;
 using qtzq::for_each_pixel;
 
@@ -27,21 +29,23 @@ void StyleLiuJin(unsigned char* image, int width, int height) {
     constexpr long kDesaturate = -100, kHslMode = 1;
     constexpr unsigned char kRedAdd = 40, kGreenAdd = 25, kBlueAdd = 0;
 
-    Saturateconst(image, width, height, kDesaturate, kHslMode);
+    // The generator is reseeded before any grain is drawn; the grain is
+    // drawn pixel by pixel in order, as one sequence.
     reseed_from_clock();
-    for_each_pixel(image, width, height, [](unsigned char* px) {
-        qtzq::shift_rgb(px, kRedAdd, kGreenAdd, kBlueAdd);
-        qtzq::add_noise(px, kGrainAmount);
-    });
+    Look()
+        .span(qtzq::saturation(kDesaturate, kHslMode))
+        .maps(qtzq::channel_maps_of(
+            [](unsigned char* px) { qtzq::shift_rgb(px, kRedAdd, kGreenAdd, kBlueAdd); }))
+        .span(qtzq::each_pixel([](unsigned char* px) { qtzq::add_noise(px, kGrainAmount); }))
+        .run(image, width, height);
 }
 
 void StyleRetro(unsigned char* image, int width, int height) {
-    const RgbCurves curves = RgbCurves::from_store(51, 52, 53);
     reseed_from_clock();  // before the size is looked at: an empty image still reseeds
-    for_each_pixel(image, width, height, [&curves](unsigned char* px) {
-        curves.apply(px);
-        qtzq::add_noise(px, kGrainAmount);
-    });
+    Look()
+        .curves(RgbCurves::from_store(51, 52, 53))
+        .span(qtzq::each_pixel([](unsigned char* px) { qtzq::add_noise(px, kGrainAmount); }))
+        .run(image, width, height);
 }
 
 void StyleHeiBai(unsigned char* image, int width, int height) {
@@ -49,21 +53,24 @@ void StyleHeiBai(unsigned char* image, int width, int height) {
     // darker in the low tones, which leaves a slightly warm monochrome.
     static constexpr unsigned char kTint[4] = {56, 47, 47, 0};  // B, G, R, A
     constexpr double kTintOpacity = 0.8;
-    const RgbCurves curves = RgbCurves::from_store(39, 40, 41);
-    for_each_pixel(image, width, height, [&curves](unsigned char* px) {
-        qtzq::color_ex(px, kTint, kTintOpacity);
-        curves.apply(px);
-    });
+    // The colour mode mixes channels: a span step, not a channel blend.
+    Look()
+        .span(qtzq::each_pixel([](unsigned char* px) { qtzq::color_ex(px, kTint, kTintOpacity); }))
+        .curves(RgbCurves::from_store(39, 40, 41))
+        .run(image, width, height);
 }
 
 void StyleCinnamon(unsigned char* image, int width, int height) {
     static constexpr unsigned char kTint[4] = {185, 118, 93, 0};  // B, G, R, A
     // The pin-light blend takes its opacity in single precision.
     constexpr float kTintOpacity = 0.8f;
-    for_each_pixel(image, width, height, [](unsigned char* px) {
-        qtzq::soft_light_ex2(px, px);  // the pixel soft-lit with itself, fixed half strength
-        qtzq::pin_light_ex_mixed(px, kTint, kTintOpacity);
-    });
+    Look()
+        // The pixel soft-lit with itself, fixed half strength.
+        .blend_self([](unsigned char* px, const unsigned char* self) { qtzq::soft_light_ex2(px, self); })
+        .blend_constant(kTint, [](unsigned char* px, const unsigned char* tint) {
+            qtzq::pin_light_ex_mixed(px, tint, kTintOpacity);
+        })
+        .run(image, width, height);
 }
 
 void StyleElegant(unsigned char* image, int width, int height) {

@@ -1,10 +1,8 @@
 // Impression: a faint burn of a fixed light colour, a little more
 // saturation, then three tone curves.
 #include "pixel/blend_kernels.h"
-#include "pixel/image_walk.h"
-#include "qtzqeffect/pixel.h"
 #include "qtzqeffect/styles.h"
-#include "styles/curve_pass.h"
+#include "styles/look_steps.h"
 
 void StyleImpression(unsigned char* image, int width, int height) {
     static constexpr unsigned char kLightColour[4] = {198, 233, 219, 0};  // B, G, R, A
@@ -12,9 +10,11 @@ void StyleImpression(unsigned char* image, int width, int height) {
     constexpr long kSaturationAdd = 15, kHslMode = 1;
 
     // The order burn, saturation, curves is part of the look.
-    qtzq::for_each_pixel(image, width, height, [](unsigned char* px) {
-        qtzq::color_burn_ex(px, kLightColour, kBurnOpacity);
-    });
-    Saturateconst(image, width, height, kSaturationAdd, kHslMode);
-    qtzq::apply_curves(image, width, height, qtzq::RgbCurves::from_store(48, 49, 50));
+    qtzq::Look()
+        .blend_constant(kLightColour, [](unsigned char* px, const unsigned char* light) {
+            qtzq::color_burn_ex(px, light, kBurnOpacity);
+        })
+        .span(qtzq::saturation(kSaturationAdd, kHslMode))
+        .curves(qtzq::RgbCurves::from_store(48, 49, 50))
+        .run(image, width, height);
 }

@@ -5,13 +5,13 @@
 // the material advances in step with the photo and is only read.
 #include "qtzqeffect/styles.h"
 
-#include "pixel/blend_kernels.h"
-#include "pixel/image_walk.h"
-#include "styles/material_blend.h"
-#include "styles/rgb_curves.h"
+#include <utility>
 
+#include "pixel/blend_kernels.h"
+#include "styles/look.h"
+
+using qtzq::Look;
 using qtzq::RgbCurves;
-using qtzq::for_each_pixel;
 
 namespace {
 
@@ -23,14 +23,10 @@ constexpr unsigned char kHaloColour[4] = {241, 242, 255, 255};
 constexpr double kHaloOpacity = static_cast<double>(0.15f);
 static_assert(kHaloOpacity == 0.15000000596046448, "the halo pull is float 0.15 widened");
 
-// Curves first, then blend(pixel, material pixel), pixel by pixel.
-template <typename Blend>
+// Curves first, then blend(pixel, material pixel), a channel blend.
 void curves_then_blend(unsigned char* image, unsigned char* material, int width, int height,
-                       const RgbCurves& curves, Blend blend) {
-    for_each_pixel(image, material, width, height, [&](unsigned char* px, unsigned char* m) {
-        curves.apply(px);
-        blend(px, m);
-    });
+                       const RgbCurves& curves, qtzq::ChannelBlend blend) {
+    Look().curves(curves).blend_material(0, std::move(blend)).run(image, width, height, {material});
 }
 
 void screen_full(unsigned char* px, const unsigned char* m) {
@@ -65,26 +61,35 @@ void StyleLomoChristmas(unsigned char* image, unsigned char* material, int width
 void StyleBrightRed(unsigned char* image, unsigned char* material, int width, int height) {
     // The other way round on purpose: the screened pixel goes through the
     // curves.
-    const RgbCurves curves = RgbCurves::from_store(18, 19, 20);
-    for_each_pixel(image, material, width, height, [&](unsigned char* px, unsigned char* m) {
-        screen_full(px, m);
-        curves.apply(px);
-    });
+    Look()
+        .blend_material(0, screen_full)
+        .curves(RgbCurves::from_store(18, 19, 20))
+        .run(image, width, height, {material});
 }
 
 void StyleLomoStar(unsigned char* image, unsigned char* material, int width, int height) {
-    qtzq::blend_material(image, material, width, height, qtzq::soft_light_ex, kFullOpacity);
+    Look()
+        .blend_material(0, [](unsigned char* px, const unsigned char* m) {
+            qtzq::soft_light_ex(px, m, kFullOpacity);
+        })
+        .run(image, width, height, {material});
 }
 
 void StyleReverse(unsigned char* image, unsigned char* material, int width, int height) {
-    curves_then_blend(image, material, width, height, RgbCurves::from_store(21, 22, 23),
-                      soft_light_by_alpha);
+    // The soft light's strength comes from the material's alpha: not a
+    // channel blend.
+    Look()
+        .curves(RgbCurves::from_store(21, 22, 23))
+        .span(qtzq::each_pixel_with(0, soft_light_by_alpha))
+        .run(image, width, height, {material});
 }
 
 void StyleLomoHalo(unsigned char* image, unsigned char* material, int width, int height) {
-    curves_then_blend(image, material, width, height, RgbCurves::from_store(34),
-                      [](unsigned char* px, const unsigned char* m) {
-                          screen_full(px, m);
-                          qtzq::normal_ex(px, kHaloColour, kHaloOpacity);
-                      });
+    Look()
+        .curves(RgbCurves::from_store(34))
+        .blend_material(0, screen_full)
+        .blend_constant(kHaloColour, [](unsigned char* px, const unsigned char* halo) {
+            qtzq::normal_ex(px, halo, kHaloOpacity);
+        })
+        .run(image, width, height, {material});
 }

@@ -14,7 +14,8 @@
 #include "qtzqeffect/styles.h"
 
 #include "pixel/blend_kernels.h"
-#include "pixel/image_walk.h"
+#include "pixel/tone_tables.h"
+#include "styles/look_steps.h"
 
 namespace {
 
@@ -31,13 +32,19 @@ constexpr double kWashOpacity = 0.2;
 
 void StyleMilk(unsigned char* image, unsigned char* material1, unsigned char* material2,
                unsigned char* material3, int width, int height) {
-    Light(image, width, height, kMilkBrightness, kMilkContrast);
-    Saturateconst(image, width, height, kMilkSaturation, kHslSaturationShift);
-    qtzq::for_each_pixel(
-        image, material1, material2, material3, width, height,
-        [](unsigned char* px, unsigned char* haze, unsigned char* texture, unsigned char* wash) {
+    unsigned char light[qtzq::kToneTableSize];
+    qtzq::brightness_contrast_table(kMilkBrightness, kMilkContrast, light);
+    qtzq::Look()
+        .maps(qtzq::ChannelMaps::same(light))  // Light(brightness, contrast)
+        .span(qtzq::saturation(kMilkSaturation, kHslSaturationShift))
+        .blend_material(0, [](unsigned char* px, const unsigned char* haze) {
             qtzq::screen_ex(px, haze, kHazeOpacity);
+        })
+        .blend_material(1, [](unsigned char* px, const unsigned char* texture) {
             qtzq::soft_light_ex(px, texture, kTextureOpacity);
+        })
+        .blend_material(2, [](unsigned char* px, const unsigned char* wash) {
             qtzq::normal_ex(px, wash, kWashOpacity);
-        });
+        })
+        .run(image, width, height, {material1, material2, material3});
 }

@@ -5,13 +5,13 @@
 #include "qtzqeffect/styles.h"
 
 #include "pixel/blend_kernels.h"
-#include "pixel/image_walk.h"
-#include "styles/curve_pass.h"
-#include "styles/rgb_curves.h"
+#include "pixel/tone_tables.h"
+#include "styles/look.h"
 
+using qtzq::ChannelMaps;
+using qtzq::Look;
 using qtzq::RgbCurves;
 using qtzq::composite_color_ex;
-using qtzq::for_each_pixel;
 
 namespace {
 
@@ -31,33 +31,42 @@ constexpr long kWarmContrast = -10;
 
 void StyleJinDian(unsigned char* image, unsigned char* material1, unsigned char* material2,
                   int width, int height) {
-    const RgbCurves curve = RgbCurves::from_store(35);
-    for_each_pixel(image, material1, material2, width, height,
-                   [&](unsigned char* px, unsigned char* m1, unsigned char* m2) {
-                       composite_color_ex(px, px, kFullOpacity);
-                       composite_color_ex(px, m1, kJinDianFirstOpacity);
-                       composite_color_ex(px, m2, kJinDianSecondOpacity);
-                       curve.apply(px);
-                   });
+    Look()
+        .blend_self([](unsigned char* px, const unsigned char* self) {
+            composite_color_ex(px, self, kFullOpacity);
+        })
+        .blend_material(0, [](unsigned char* px, const unsigned char* m) {
+            composite_color_ex(px, m, kJinDianFirstOpacity);
+        })
+        .blend_material(1, [](unsigned char* px, const unsigned char* m) {
+            composite_color_ex(px, m, kJinDianSecondOpacity);
+        })
+        .curves(RgbCurves::from_store(35))
+        .run(image, width, height, {material1, material2});
 }
 
 void StyleWarm(unsigned char* image, unsigned char* material1, unsigned char* material2, int width,
                int height) {
-    qtzq::apply_curves(image, width, height, RgbCurves::from_store(36, 37, 38));
-    Light(image, width, height, kWarmBrightness, kWarmContrast);
-    for_each_pixel(image, material1, material2, width, height,
-                   [](unsigned char* px, unsigned char* m1, unsigned char* m2) {
-                       qtzq::multiple_ex(px, m1, kFullOpacity);
-                       qtzq::soft_light_ex(px, m2, kFullOpacity);
-                   });
+    unsigned char light[qtzq::kToneTableSize];
+    qtzq::brightness_contrast_table(kWarmBrightness, kWarmContrast, light);
+    Look()
+        .curves(RgbCurves::from_store(36, 37, 38))
+        .maps(ChannelMaps::same(light))  // Light(brightness, contrast)
+        .blend_material(0, [](unsigned char* px, const unsigned char* m) {
+            qtzq::multiple_ex(px, m, kFullOpacity);
+        })
+        .blend_material(1, [](unsigned char* px, const unsigned char* m) {
+            qtzq::soft_light_ex(px, m, kFullOpacity);
+        })
+        .run(image, width, height, {material1, material2});
 }
 
 void StyleFenHongJiaRen(unsigned char* image, unsigned char* material1, unsigned char* material2,
                         unsigned char* material3, int width, int height) {
-    for_each_pixel(image, material1, material2, material3, width, height,
-                   [](unsigned char* px, unsigned char* m1, unsigned char* m2, unsigned char* m3) {
-                       composite_color_ex(px, m1, kFullOpacity);
-                       composite_color_ex(px, m2, kFullOpacity);
-                       composite_color_ex(px, m3, kFullOpacity);
-                   });
+    Look look;
+    for (int k = 0; k < 3; ++k)
+        look.blend_material(k, [](unsigned char* px, const unsigned char* m) {
+            composite_color_ex(px, m, kFullOpacity);
+        });
+    look.run(image, width, height, {material1, material2, material3});
 }

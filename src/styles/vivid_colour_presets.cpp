@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "pixel/blend_kernels.h"
-#include "pixel/image_walk.h"
 #include "qtzqeffect/pixel.h"
 #include "qtzqeffect/styles.h"
+#include "styles/look_steps.h"
 
 namespace {
 
@@ -17,12 +17,15 @@ constexpr int kStyleStrength = 20;  // the strength of the one-call preset
 void ABaoColor(unsigned char* image, int width, int height, int strength) {
     const int amount = std::clamp(strength, 0, kStrongest);
     if (amount == 0) return;
-    Saturateconst(image, width, height, long(amount));
     const double opacity = double(amount) / double(kStrongest);
-    qtzq::for_each_pixel(image, width, height, [opacity](unsigned char* px) {
-        const unsigned char self[4] = {px[0], px[1], px[2], px[3]};
-        qtzq::overlay_ex(px, self, opacity);
-    });
+    qtzq::Look()
+        .span(qtzq::saturation_matrix(amount))
+        // The overlay reads a copy of the pixel it changes.
+        .blend_self([opacity](unsigned char* px, const unsigned char*) {
+            const unsigned char self[4] = {px[0], px[1], px[2], px[3]};
+            qtzq::overlay_ex(px, self, opacity);
+        })
+        .run(image, width, height);
 }
 
 void StyleBaoColor(unsigned char* image, int width, int height) {

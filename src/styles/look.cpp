@@ -1,0 +1,232 @@
+// The look engine: folding a recipe's steps into few table passes, and the
+// single sweep over the photo.
+#include "styles/look.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "simd/vector_unit.h"
+
+namespace qtzq {
+
+namespace {
+
+constexpr int kChannels = ChannelMaps::kChannels;
+constexpr std::size_t kPairsPerChannel = 256 * 256;
+
+// Pixels per strip of the sweep: a few tens of kilobytes of photo and
+// materials, which every step of the recipe finds in cache.
+constexpr std::size_t kStripPixels = 4096;
+
+using Materials = std::array<const unsigned char*, Look::kMaxMaterials>;
+
+// fn(pixels, materials, count) for consecutive strips of the photo, the
+// materials advancing with it. Span steps always see at most kStripPixels.
+template <typename Fn>
+void for_each_strip(unsigned char* image, const unsigned char* const* materials, std::size_t count,
+                    Fn fn) {
+    for (std::size_t start = 0; start < count; start += kStripPixels) {
+        const std::size_t offset = start * kBytesPerPixel;
+        Materials strip{};
+        for (int k = 0; k < Look::kMaxMaterials; ++k)
+            strip[k] = materials[k] != nullptr ? materials[k] + offset : nullptr;
+        fn(image + offset, strip, std::min(kStripPixels, count - start));
+    }
+}
+
+// A channel blend against fixed operands, level by level: the blend of
+// (a, a, a) with `operand`, or with itself when operand is null.
+ChannelMaps tabulate_maps(const ChannelBlend& blend, const unsigned char* operand) {
+    ChannelMaps maps;
+    for (int a = 0; a < 256; ++a) {
+        const auto level = static_cast<unsigned char>(a);
+        unsigned char pixel[4] = {level, level, level, 0};
+        blend(pixel, operand != nullptr ? operand : pixel);
+        for (int c = 0; c < kChannels; ++c) maps.map[c][a] = pixel[c];
+    }
+    return maps;
+}
+
+// A channel blend against a material: entry [c][a * 256 + b] is channel c
+// of the blend of (a, a, a) with (b, b, b).
+std::vector<unsigned char> tabulate_pairs(const ChannelBlend& blend) {
+    std::vector<unsigned char> pairs(kChannels * kPairsPerChannel);
+    for (int a = 0; a < 256; ++a)
+        for (int b = 0; b < 256; ++b) {
+            const auto base = static_cast<unsigned char>(a), other = static_cast<unsigned char>(b);
+            unsigned char pixel[4] = {base, base, base, 0};
+            const unsigned char operand[4] = {other, other, other, 0};
+            blend(pixel, operand);
+            for (int c = 0; c < kChannels; ++c) pairs[c * kPairsPerChannel + a * 256 + b] = pixel[c];
+        }
+    return pairs;
+}
+
+}  // namespace
+
+ChannelMaps channel_maps_of(const std::function<void(unsigned char* pixel)>& step) {
+    return tabulate_maps([&step](unsigned char* pixel, const unsigned char*) { step(pixel); }, nullptr);
+}
+
+// One pass of the folded recipe over a strip.
+struct Look::Compiled {
+    enum class Kind { kMaps, kPairs, kSpan };
+    struct Op {
+        Kind kind;
+        ChannelMaps maps;
+        std::vector<unsigned char> pairs;  // [channel][a * 256 + b]
+        int material = 0;
+        const SpanStep* span = nullptr;
+    };
+    std::vector<Op> ops;
+
+    void add_maps(const ChannelMaps& maps) {
+        if (!ops.empty() && ops.back().kind == Kind::kMaps) {
+            ops.back().maps = ops.back().maps.then(maps);
+        } else if (!ops.empty() && ops.back().kind == Kind::kPairs) {
+            std::vector<unsigned char>& pairs = ops.back().pairs;
+            for (int c = 0; c < kChannels; ++c)
+                for (std::size_t i = 0; i < kPairsPerChannel; ++i) {
+                    unsigned char& entry = pairs[c * kPairsPerChannel + i];
+                    entry = maps.map[c][entry];
+                }
+        } else {
+            ops.push_back({Kind::kMaps, maps, {}, 0, nullptr});
+        }
+    }
+
+    void add_pairs(std::vector<unsigned char> pairs, int material) {
+        if (!ops.empty() && ops.back().kind == Kind::kMaps) {
+            // The maps before feed the blend's first level.
+            const ChannelMaps before = ops.back().maps;
+            ops.pop_back();
+            std::vector<unsigned char> folded(pairs.size());
+            for (int c = 0; c < kChannels; ++c)
+                for (int a = 0; a < 256; ++a)
+                    std::memcpy(&folded[c * kPairsPerChannel + a * 256],
+                                &pairs[c * kPairsPerChannel + before.map[c][a] * 256], 256);
+            pairs.swap(folded);
+        }
+        ops.push_back({Kind::kPairs, ChannelMaps{}, std::move(pairs), material, nullptr});
+    }
+
+    void run(unsigned char* pixels, const Materials& materials, std::size_t count) const {
+        for (const Op& op : ops) {
+            switch (op.kind) {
+                case Kind::kMaps:
+                    for (std::size_t i = 0; i < count; ++i) op.maps.apply(pixels + i * kBytesPerPixel);
+                    break;
+                case Kind::kPairs: {
+                    const unsigned char* m = materials[op.material];
+                    const unsigned char* table = op.pairs.data();
+                    for (std::size_t i = 0; i < count * kBytesPerPixel; i += kBytesPerPixel)
+                        for (int c = 0; c < kChannels; ++c)
+                            pixels[i + c] = table[c * kPairsPerChannel + pixels[i + c] * 256 + m[i + c]];
+                    break;
+                }
+                case Kind::kSpan:
+                    (*op.span)(pixels, materials.data(), count);
+                    break;
+            }
+        }
+    }
+};
+
+Look& Look::maps(const ChannelMaps& maps) {
+    Step step;
+    step.maps = maps;
+    steps_.push_back(std::move(step));
+    return *this;
+}
+
+Look& Look::blend_constant(const unsigned char* colour, ChannelBlend blend) {
+    Step step;
+    step.operand = Operand::kConstant;
+    step.colour = colour;
+    step.blend = std::move(blend);
+    steps_.push_back(std::move(step));
+    return *this;
+}
+
+Look& Look::blend_self(ChannelBlend blend) {
+    Step step;
+    step.operand = Operand::kSelf;
+    step.blend = std::move(blend);
+    steps_.push_back(std::move(step));
+    return *this;
+}
+
+Look& Look::blend_material(int material, ChannelBlend blend) {
+    Step step;
+    step.operand = Operand::kMaterial;
+    step.material = material;
+    step.blend = std::move(blend);
+    steps_.push_back(std::move(step));
+    return *this;
+}
+
+Look& Look::span(SpanStep span) {
+    Step step;
+    step.span = std::move(span);
+    steps_.push_back(std::move(step));
+    return *this;
+}
+
+void Look::run(unsigned char* image, int width, int height,
+               std::initializer_list<const unsigned char*> materials) const {
+    const std::size_t count = pixel_count(width, height);
+    if (count == 0) return;
+    Materials given{};
+    std::copy_n(materials.begin(), std::min<std::size_t>(materials.size(), kMaxMaterials), given.begin());
+    if (integer_fast_paths_enabled())
+        run_folded(image, count, given.data());
+    else
+        run_step_by_step(image, count, given.data());
+}
+
+// The reference: each step over the whole photo before the next.
+void Look::run_step_by_step(unsigned char* image, std::size_t count,
+                            const unsigned char* const* materials) const {
+    for (const Step& step : steps_) {
+        if (step.span) {
+            for_each_strip(image, materials, count, [&](unsigned char* pixels, const Materials& strip,
+                                                        std::size_t n) { step.span(pixels, strip.data(), n); });
+            continue;
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            unsigned char* pixel = image + i * kBytesPerPixel;
+            switch (step.operand) {
+                case Operand::kNone: step.maps.apply(pixel); break;
+                case Operand::kConstant: step.blend(pixel, step.colour); break;
+                case Operand::kSelf: step.blend(pixel, pixel); break;
+                case Operand::kMaterial:
+                    step.blend(pixel, materials[step.material] + i * kBytesPerPixel);
+                    break;
+            }
+        }
+    }
+}
+
+void Look::run_folded(unsigned char* image, std::size_t count,
+                      const unsigned char* const* materials) const {
+    Compiled compiled;
+    for (const Step& step : steps_) {
+        if (step.span) {
+            compiled.ops.push_back({Compiled::Kind::kSpan, ChannelMaps{}, {}, 0, &step.span});
+            continue;
+        }
+        switch (step.operand) {
+            case Operand::kNone: compiled.add_maps(step.maps); break;
+            case Operand::kConstant: compiled.add_maps(tabulate_maps(step.blend, step.colour)); break;
+            case Operand::kSelf: compiled.add_maps(tabulate_maps(step.blend, nullptr)); break;
+            case Operand::kMaterial: compiled.add_pairs(tabulate_pairs(step.blend), step.material); break;
+        }
+    }
+    for_each_strip(image, materials, count,
+                   [&](unsigned char* pixels, const Materials& strip, std::size_t n) {
+                       compiled.run(pixels, strip, n);
+                   });
+}
+
+}  // namespace qtzq
