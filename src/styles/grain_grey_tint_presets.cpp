@@ -1,8 +1,10 @@
 // Single-image presets built on grain, grey or a constant tint colour.
 #include <cstdlib>
 #include <ctime>
+#include <vector>
 
 #include "pixel/blend_kernels.h"
+#include "pixel/colour_against_constant.h"
 #include "pixel/image_walk.h"
 #include "pixel/tone_kernels.h"
 #include "qtzqeffect/pixel.h"
@@ -10,6 +12,7 @@
 #include "styles/look.h"
 #include "styles/look_steps.h"
 
+using qtzq::ChannelMaps;
 using qtzq::Look;
 using qtzq::RgbCurves;
 using qtzq::for_each_pixel;
@@ -54,8 +57,9 @@ void StyleHeiBai(unsigned char* image, int width, int height) {
     static constexpr unsigned char kTint[4] = {56, 47, 47, 0};  // B, G, R, A
     constexpr double kTintOpacity = 0.8;
     // The colour mode mixes channels: a span step, not a channel blend.
+    const qtzq::ColourAgainstConstant tint(kTint, kTintOpacity);
     Look()
-        .span(qtzq::each_pixel([](unsigned char* px) { qtzq::color_ex(px, kTint, kTintOpacity); }))
+        .span(qtzq::each_pixel([&tint](unsigned char* px) { tint.apply(px); }))
         .curves(RgbCurves::from_store(39, 40, 41))
         .run(image, width, height);
 }
@@ -77,11 +81,22 @@ void StyleElegant(unsigned char* image, int width, int height) {
     // Each pixel is soft-lit with the grey value it had before the curves.
     // The grey of one pixel is needed only while that pixel is worked on,
     // so it lives in a local instead of a whole-image plane.
+    // Each channel's result is a function of its level and that grey: one
+    // table per channel, indexed by (level, grey), filled by running the
+    // curves and the soft light themselves.
     constexpr double kSoftLightOpacity = 1.0;
-    const RgbCurves curves = RgbCurves::from_store(42, 43, 44);
-    for_each_pixel(image, width, height, [&curves](unsigned char* px) {
-        const unsigned char grey = qtzq::grey_level(px);
-        curves.apply(px);
-        qtzq::image_soft_light_ex_new(px, grey, kSoftLightOpacity);
+    const ChannelMaps curves = ChannelMaps::of(RgbCurves::from_store(42, 43, 44));
+    std::vector<unsigned char> table(3 * 256 * 256);
+    for (int level = 0; level < 256; ++level)
+        for (int grey = 0; grey < 256; ++grey) {
+            const auto v = static_cast<unsigned char>(level);
+            unsigned char px[4] = {v, v, v, 0};
+            curves.apply(px);
+            qtzq::image_soft_light_ex_new(px, static_cast<unsigned char>(grey), kSoftLightOpacity);
+            for (int c = 0; c < 3; ++c) table[(c * 256 + level) * 256 + grey] = px[c];
+        }
+    for_each_pixel(image, width, height, [&table](unsigned char* px) {
+        const int grey = qtzq::grey_level(px);
+        for (int c = 0; c < 3; ++c) px[c] = table[(c * 256 + px[c]) * 256 + grey];
     });
 }
