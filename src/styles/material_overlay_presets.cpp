@@ -35,11 +35,21 @@ void screen_full(unsigned char* px, const unsigned char* m) {
 
 // Soft light at the material's own alpha times 0.7, all in single
 // precision: (alpha * 0.7f) / 255.0f, then widened. Required as written.
+// Worked out once for each alpha.
+struct AlphaStrengths {
+    double of[256];
+
+    AlphaStrengths() {
+        const float kStrength = 0.7f;
+        const float kAlphaScale = 255.0f;
+        for (int alpha = 0; alpha < 256; ++alpha)
+            of[alpha] = static_cast<double>(static_cast<float>(alpha) * kStrength / kAlphaScale);
+    }
+};
+
 void soft_light_by_alpha(unsigned char* px, const unsigned char* m) {
-    const float kStrength = 0.7f;
-    const float kAlphaScale = 255.0f;
-    const float opacity = static_cast<float>(m[3]) * kStrength / kAlphaScale;
-    qtzq::soft_light_ex(px, m, static_cast<double>(opacity));
+    static const AlphaStrengths strengths;
+    qtzq::soft_light_ex(px, m, strengths.of[m[3]]);
 }
 
 }  // namespace
