@@ -100,14 +100,14 @@ def machine_section(context):
     return lines
 
 
-def family_table(rows, prefix, pixels, memcpy_ms):
+def family_table(rows, prefix, pixels, memcpy_ms, tables_ms):
     names = [n for n in rows if n.startswith(prefix)]
     if not names:
         return []
     show_scratch = any("scratch" in rows[n] for n in names)
     show_anchor = any(anchor_of(rows[n]) in rows for n in names)
     show_speed_up = any(speed_up(rows, n) is not None for n in names)
-    header = ["benchmark", "ms", "MP/s", "x memcpy"]
+    header = ["benchmark", "ms", "MP/s", "x memcpy", "x tables"]
     if show_anchor:
         header.append("x OpenCV")
     if show_speed_up:
@@ -123,6 +123,7 @@ def family_table(rows, prefix, pixels, memcpy_ms):
             "{:.2f}".format(ms),
             "{:.1f}".format(pixels / 1e6 / (ms / 1e3)) if ms > 0 else "-",
             ratio(ms / memcpy_ms) if memcpy_ms else "-",
+            ratio(ms / tables_ms) if tables_ms else "-",
         ]
         if show_anchor:
             anchor = anchor_of(bench)
@@ -139,16 +140,30 @@ def family_table(rows, prefix, pixels, memcpy_ms):
     return lines
 
 
+def effects_total(rows, tables_ms):
+    """One line: every effect id (scalar twins aside) run once, together."""
+    names = [n for n in rows if n.startswith("effect/") and not n.endswith(SCALAR_TWIN)]
+    if not names or not tables_ms:
+        return []
+    total = sum(milliseconds(rows[n]) for n in names)
+    return ["", "All {} effects together: {:.0f} ms, {} x tables.".format(
+        len(names), total, ratio(total / tables_ms))]
+
+
 def render(context, rows):
     pixels = int(context.get("image_width", 0)) * int(context.get("image_height", 0))
     memcpy = rows.get("baseline/memcpy")
     memcpy_ms = milliseconds(memcpy) if memcpy else 0.0
+    tables = rows.get("baseline/three_tables")
+    tables_ms = milliseconds(tables) if tables else 0.0
     out = [
         "# Benchmarks",
         "",
         "Written by `scripts/bench.sh` from one run of `qtzq-bench`; do not edit by hand.",
         "Single-threaded, wall time, median of the repetitions. `MP/s`: megapixels of",
         "the photo per second. `x memcpy`: the pass's time in copies of the photo.",
+        "`x tables`: the pass's time over `baseline/three_tables` (a plain scalar",
+        "pass through three byte tables), the yardstick of the speed targets.",
         "`x OpenCV`: the pass's time over that of the named OpenCV benchmark on the",
         "same photo. `scratch`: peak extra memory of one call, in images of the",
         "photo's size (`!` marks more than one extra image). `speed-up`: on the row",
@@ -160,13 +175,15 @@ def render(context, rows):
     ]
     out += machine_section(context)
     for prefix, heading, note in FAMILIES:
-        table = family_table(rows, prefix, pixels, memcpy_ms)
+        table = family_table(rows, prefix, pixels, memcpy_ms, tables_ms)
         if not table:
             continue
         out += ["", "## " + heading, ""]
         if note:
             out += [note, ""]
         out += table
+        if prefix == "effect/":
+            out += effects_total(rows, tables_ms)
     return "\n".join(out) + "\n"
 
 

@@ -71,13 +71,14 @@ ChannelMaps channel_maps_of(const std::function<void(unsigned char* pixel)>& ste
 
 // One pass of the folded recipe over a strip.
 struct Look::Compiled {
-    enum class Kind { kMaps, kPairs, kSpan };
+    enum class Kind { kMaps, kPairs, kBlend, kSpan };
     struct Op {
         Kind kind;
         ChannelMaps maps;
         std::vector<unsigned char> pairs;  // [channel][a * 256 + b]
         int material = 0;
         const SpanStep* span = nullptr;
+        const ChannelBlend* blend = nullptr;  // a material blend called pixel by pixel
     };
     std::vector<Op> ops;
 
@@ -92,7 +93,7 @@ struct Look::Compiled {
                     entry = maps.map[c][entry];
                 }
         } else {
-            ops.push_back({Kind::kMaps, maps, {}, 0, nullptr});
+            ops.push_back({Kind::kMaps, maps, {}, 0, nullptr, nullptr});
         }
     }
 
@@ -108,7 +109,7 @@ struct Look::Compiled {
                                 &pairs[c * kPairsPerChannel + before.map[c][a] * 256], 256);
             pairs.swap(folded);
         }
-        ops.push_back({Kind::kPairs, ChannelMaps{}, std::move(pairs), material, nullptr});
+        ops.push_back({Kind::kPairs, ChannelMaps{}, std::move(pairs), material, nullptr, nullptr});
     }
 
     void run(unsigned char* pixels, const Materials& materials, std::size_t count) const {
@@ -123,6 +124,12 @@ struct Look::Compiled {
                     for (std::size_t i = 0; i < count * kBytesPerPixel; i += kBytesPerPixel)
                         for (int c = 0; c < kChannels; ++c)
                             pixels[i + c] = table[c * kPairsPerChannel + pixels[i + c] * 256 + m[i + c]];
+                    break;
+                }
+                case Kind::kBlend: {
+                    const unsigned char* m = materials[op.material];
+                    for (std::size_t i = 0; i < count * kBytesPerPixel; i += kBytesPerPixel)
+                        (*op.blend)(pixels + i, m + i);
                     break;
                 }
                 case Kind::kSpan:
@@ -213,7 +220,12 @@ void Look::run_folded(unsigned char* image, std::size_t count,
     Compiled compiled;
     for (const Step& step : steps_) {
         if (step.span) {
-            compiled.ops.push_back({Compiled::Kind::kSpan, ChannelMaps{}, {}, 0, &step.span});
+            compiled.ops.push_back({Compiled::Kind::kSpan, ChannelMaps{}, {}, 0, &step.span, nullptr});
+            continue;
+        }
+        if (step.operand == Operand::kMaterial && count < pair_tables_from_) {
+            compiled.ops.push_back(
+                {Compiled::Kind::kBlend, ChannelMaps{}, {}, step.material, nullptr, &step.blend});
             continue;
         }
         switch (step.operand) {

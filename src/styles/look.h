@@ -78,6 +78,17 @@ public:
     Look& blend_material(int material, ChannelBlend blend);
     Look& span(SpanStep step);
 
+    // Photos of at least this many pixels get material blends as tables
+    // (192 KB each, 65536 calls of the blend to fill); smaller ones call the
+    // blend pixel by pixel, which is cheaper there and keeps the scratch
+    // memory below the photo's size. Tests lower it to reach the tables on
+    // small images.
+    static constexpr std::size_t kPairTablesFrom = std::size_t(1) << 18;
+    Look& pair_tables_from(std::size_t pixels) {
+        pair_tables_from_ = pixels;
+        return *this;
+    }
+
     // Runs the recipe on the photo (width * height BGRA pixels, rows packed)
     // with the materials the steps name, each of the photo's size.
     void run(unsigned char* image, int width, int height,
@@ -100,6 +111,7 @@ private:
     void run_folded(unsigned char* image, std::size_t count, const unsigned char* const* materials) const;
 
     std::vector<Step> steps_;
+    std::size_t pair_tables_from_ = kPairTablesFrom;
 };
 
 }  // namespace qtzq

@@ -10,7 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "facade/effect_catalogue.h"
 #include "pixel/blend_kernels.h"
+#include "styles/blend_tables.h"
 #include "simd/vector_unit.h"
 #include "styles/look.h"
 #include "styles/look_steps.h"
@@ -72,7 +74,9 @@ const AddStep kSteps[] = {
     },
 };
 
-Bytes looked(const Look& look, int w, int h, const std::vector<Bytes>& materials, bool fast) {
+Bytes looked(Look look, int w, int h, const std::vector<Bytes>& materials, bool fast,
+             std::size_t pair_tables_from = 0) {
+    look.pair_tables_from(pair_tables_from);
     Bytes image = noise(w, h, std::uint32_t(w * 71 + h));
     qtzq::ScopedVectorUnitLimit limit(fast ? qtzq::VectorUnit::kAvx2 : qtzq::VectorUnit::kScalar);
     look.run(image.data(), w, h, {materials[0].data(), materials[1].data(), materials[2].data()});
@@ -95,8 +99,11 @@ TEST(Look, FoldedSweepEqualsTheStepsOneAfterTheOther) {
                     kSteps[pick](look, random);
                     steps += std::to_string(pick) + " ";
                 }
-                ASSERT_EQ(looked(look, w, h, materials, true), looked(look, w, h, materials, false))
-                    << w << "x" << h << " steps " << steps;
+                const Bytes reference = looked(look, w, h, materials, false);
+                // Material blends as tables, and called pixel by pixel.
+                ASSERT_EQ(looked(look, w, h, materials, true), reference) << w << "x" << h << " steps " << steps;
+                ASSERT_EQ(looked(look, w, h, materials, true, Look::kPairTablesFrom), reference)
+                    << w << "x" << h << " steps " << steps << " (no tables)";
             }
         }
 }
@@ -109,6 +116,37 @@ TEST(Look, MapsFoldInOrder) {
         for (int v = 0; v < 256; ++v) ASSERT_EQ(folded.map[c][v], second.map[c][first.map[c][v]]);
     const ChannelMaps read_off = qtzq::channel_maps_of([&](unsigned char* px) { folded.apply(px); });
     EXPECT_EQ(0, std::memcmp(read_off.map, folded.map, sizeof folded.map));
+}
+
+}  // namespace
+
+namespace {
+
+// Every catalogue look that blends materials, on a photo large enough for
+// its material blends to become tables, against its steps one after the
+// other: a blend declared a channel blend that is not one shows here.
+TEST(Look, EveryMaterialLookOnALargePhotoEqualsItsSteps) {
+    constexpr int kSide = 512;  // kSide * kSide == Look::kPairTablesFrom
+    static_assert(std::size_t(kSide) * kSide == Look::kPairTablesFrom, "tables on");
+    const Bytes photo = noise(kSide, kSide, 3), m1 = noise(kSide, kSide, 4), m2 = noise(kSide, kSide, 5),
+                m3 = noise(kSide, kSide, 6), tables = noise(qtzq::kBlendTableSetSize, 1, 7);
+    const auto run = [&](const std::function<void(unsigned char*, unsigned char**)>& preset, bool fast) {
+        Bytes image = photo, a = m1, b = m2, c = m3, t = tables;
+        unsigned char* materials[] = {a.data(), b.data(), c.data(), t.data()};
+        qtzq::ScopedVectorUnitLimit limit(fast ? qtzq::VectorUnit::kAvx2 : qtzq::VectorUnit::kScalar);
+        preset(image.data(), materials);
+        return image;
+    };
+    std::vector<std::pair<int, std::function<void(unsigned char*, unsigned char**)>>> presets;
+    for (const auto& e : qtzq::kOneMaterialEffects)
+        if (e.id != 1104) presets.push_back({e.id, [e](unsigned char* p, unsigned char** m) { e.preset(p, m[0], kSide, kSide); }});
+    for (const auto& e : qtzq::kTwoMaterialEffects)
+        presets.push_back({e.id, [e](unsigned char* p, unsigned char** m) { e.preset(p, m[0], m[1], kSide, kSide); }});
+    for (const auto& e : qtzq::kThreeMaterialEffects)
+        presets.push_back({e.id, [e](unsigned char* p, unsigned char** m) { e.preset(p, m[0], m[1], m[2], kSide, kSide); }});
+    for (const auto& e : qtzq::kBlendTableEffects)
+        presets.push_back({e.id, [e](unsigned char* p, unsigned char** m) { e.preset(p, m[0], m[1], kSide, kSide, m[3]); }});
+    for (const auto& [id, preset] : presets) EXPECT_TRUE(run(preset, true) == run(preset, false)) << id;
 }
 
 }  // namespace
