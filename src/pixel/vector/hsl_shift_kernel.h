@@ -15,9 +15,11 @@
 // - Branches become selects between values each computed exactly as the
 //   scalar branch computes it. A lane may compute a value it does not select
 //   (a grey's hue distances divide by 1 instead of 0, so that every lane
-//   stays finite); selecting an operand before an operation the branches
-//   share (the two ramps of hue_to_rgb) performs the selected branch's own
-//   operations.
+//   stays finite). Selecting the operands before operations the branches
+//   share performs the selected branch's own operations: the two hue
+//   distances that the maximum's branch reads are the only ones divided,
+//   and of the three channels only the one on a ramp of hue_to_rgb (there
+//   is at most one) has its ramp computed.
 // - Integer work stays integer. The saturation's truncating quotient
 //   255 * delta / d is a multiply by ceil(2^24 / d) and a shift right by 24
 //   (exact, see saturation_multipliers).
@@ -117,7 +119,7 @@ inline vi hue_distance(vi max_level, vi level, vf delta) {
 }
 
 // rgb_to_hsl, with the saturation already passed through the table.
-inline Hsl to_hsl(const Channels& c, const std::int32_t* table) {
+__attribute__((always_inline)) inline Hsl to_hsl(const Channels& c, const std::int32_t* table) {
     const vi max_level = maximum(maximum(c.r, c.g), c.b);
     const vi min_level = minimum(minimum(c.r, c.g), c.b);
     const vi sum = max_level + min_level;
@@ -128,48 +130,89 @@ inline Hsl to_hsl(const Channels& c, const std::int32_t* table) {
     const vi quotient = (vi)(((vu)(delta * 255) * multiplier) >> 24);
     const vi saturation = select(grey, splat<vi>(0), (quotient + 1) & 0xFF);
 
+    // Only the two distances that the maximum's branch reads are divided:
+    // `first` is dg where red is the maximum and dr otherwise, `second` is dg
+    // where blue is and db otherwise.
+    const vi red_max = max_level == c.r;
+    const vi green_max = ~red_max & (max_level == c.g);
     const vf delta_f = to_float(select(grey, splat<vi>(1), delta));
-    const vi dr = hue_distance(max_level, c.r, delta_f);
-    const vi dg = hue_distance(max_level, c.g, delta_f);
-    const vi db = hue_distance(max_level, c.b, delta_f);
-    const vi red_hue = (db - dg) & 0xFF;
-    const vi green_hue = truncate_low_byte(to_float(dr) + 85.0f - to_float(db));
-    const vi blue_hue = truncate_low_byte(to_float(dg) + 170.0f - to_float(dr));
-    const vi hue = select(max_level == c.r, red_hue, select(max_level == c.g, green_hue, blue_hue));
+    const vi first = hue_distance(max_level, select(red_max, c.g, c.r), delta_f);
+    const vi second = hue_distance(max_level, select(red_max | green_max, c.b, c.g), delta_f);
+    const vi red_hue = (second - first) & 0xFF;                                           // db - dg
+    const vi green_hue = truncate_low_byte(to_float(first) + 85.0f - to_float(second));  // dr, db
+    const vi blue_hue = truncate_low_byte(to_float(second) + 170.0f - to_float(first));  // dg, dr
+    const vi hue = select(red_max, red_hue, select(green_max, green_hue, blue_hue));
     return {select(grey, splat<vi>(170), hue), gather(table, saturation), (sum + 1) >> 1};
 }
 
-// hue_to_rgb, then the level as a byte.
-inline vi hue_to_level(vf m1, vf m2, vf hue) {
-    hue = select(hue > 360.0f, hue - 360.0f, select(hue < 0.0f, hue + 360.0f, hue));
-    const vi rising = hue < 60.0f;
-    const vf ramp = m1 + (m2 - m1) * select(rising, hue, 240.0f - hue) / 60.0f;
-    const vf level = select(rising, ramp, select(hue < 180.0f, m2, select(hue < 240.0f, ramp, m1)));
-    return truncate_low_byte(level * 255.0f);
+// hue_to_rgb in three parts. The hue brought back into the circle:
+inline vf turned(vf hue) {
+    return select(hue > 360.0f, hue - 360.0f, select(hue < 0.0f, hue + 360.0f, hue));
 }
 
+// Whether the level lies on a ramp (hue below 60, or 180 up to 240), and
+// the degrees the ramp has run (hue or 240 - hue).
+inline vi on_ramp(vf hue) { return (hue < 60.0f) | ((hue >= 180.0f) & (hue < 240.0f)); }
+inline vf ramp_run(vf hue) { return select(hue < 60.0f, hue, 240.0f - hue); }
+
+// The level off the ramps: m2 up to 180, m1 from 240.
+inline vf plateau(vf m1, vf m2, vf hue) { return select(hue < 180.0f, m2, m1); }
+
+inline vi level_byte(vf level) { return truncate_low_byte(level * 255.0f); }
+
 // hsl_to_rgb.
-inline Channels to_rgb(const Hsl& hsl) {
+__attribute__((always_inline)) inline Channels to_rgb(const Hsl& hsl) {
     const vf l = to_float(hsl.lightness) / 255.0f;
     const vf s = to_float(hsl.saturation) / 255.0f;
     const vf m2 = select(l <= 0.5f, l * (1.0f + s), l + s - l * s);
     const vf degrees = to_float(hsl.hue) * 360.0f / 255.0f;
     const vf m1 = 2.0f * l - m2;
     const vi flat = s == 0.0f;
-    const vi grey_level = truncate_low_byte(l * 255.0f);
-    return {select(flat, grey_level, hue_to_level(m1, m2, degrees + 120.0f)),
-            select(flat, grey_level, hue_to_level(m1, m2, degrees)),
-            select(flat, grey_level, hue_to_level(m1, m2, degrees - 120.0f))};
+    const vi grey_level = level_byte(l);
+
+    // The channels' hues lie a third of the circle apart and the ramps
+    // cover a third of it, so at most one channel is on a ramp (none at
+    // hues 240 and 360, where the others sit exactly on the ends; the
+    // other hue bytes lie at least 0.7 degrees from every end). One ramp
+    // per pixel is computed, with the operands of the channel on it.
+    const vf red = turned(degrees + 120.0f), green = turned(degrees),
+             blue = turned(degrees - 120.0f);
+    const vi red_ramp = on_ramp(red), green_ramp = on_ramp(green), blue_ramp = on_ramp(blue);
+    const vf run = select(red_ramp, ramp_run(red), select(green_ramp, ramp_run(green), ramp_run(blue)));
+    const vf ramp = m1 + (m2 - m1) * run / 60.0f;
+    return {select(flat, grey_level, level_byte(select(red_ramp, ramp, plateau(m1, m2, red)))),
+            select(flat, grey_level, level_byte(select(green_ramp, ramp, plateau(m1, m2, green)))),
+            select(flat, grey_level, level_byte(select(blue_ramp, ramp, plateau(m1, m2, blue))))};
 }
 
-// kLanes BGRA pixels in place (x86 is little-endian: blue in the low byte).
+// The channels of kLanes BGRA pixels (x86 is little-endian: blue in the low
+// byte), and the pixels with new channels and their own alpha.
+inline Channels unpack(vi words) { return {(words >> 16) & 0xFF, (words >> 8) & 0xFF, words & 0xFF}; }
+inline vi pack(vi words, const Channels& c) {
+    return (words & ~0xFFFFFF) | (c.r << 16) | (c.g << 8) | c.b;
+}
+
+// kLanes pixels in place.
 inline void shift_group(unsigned char* pixels, const std::int32_t* table) {
     vi words;
     std::memcpy(&words, pixels, sizeof words);
-    const Channels in{(words >> 16) & 0xFF, (words >> 8) & 0xFF, words & 0xFF};
-    const Channels out = to_rgb(to_hsl(in, table));
-    words = (words & ~0xFFFFFF) | (out.r << 16) | (out.g << 8) | out.b;
+    words = pack(words, to_rgb(to_hsl(unpack(words), table)));
     std::memcpy(pixels, &words, sizeof words);
+}
+
+// 2 * kLanes pixels in place, the two groups' work interleaved: it is
+// independent, so one group's operations fill the time the other waits on
+// a gather or a division.
+__attribute__((always_inline)) inline void shift_group_pair(unsigned char* pixels,
+                                                             const std::int32_t* table) {
+    vi first, second;
+    std::memcpy(&first, pixels, sizeof first);
+    std::memcpy(&second, pixels + sizeof first, sizeof second);
+    const Hsl first_hsl = to_hsl(unpack(first), table), second_hsl = to_hsl(unpack(second), table);
+    first = pack(first, to_rgb(first_hsl));
+    second = pack(second, to_rgb(second_hsl));
+    std::memcpy(pixels, &first, sizeof first);
+    std::memcpy(pixels + sizeof first, &second, sizeof second);
 }
 
 }  // namespace
@@ -180,7 +223,9 @@ void shift_hsl_saturation_span(unsigned char* pixels, std::size_t count,
     for (int i = 0; i < 256; ++i) wide_table[i] = table[i];
     constexpr std::size_t kGroupBytes = 4 * kLanes;
     const std::size_t whole = count - count % kLanes;
-    for (std::size_t i = 0; i < whole; i += kLanes) shift_group(pixels + 4 * i, wide_table);
+    std::size_t i = 0;
+    for (; i + 2 * kLanes <= whole; i += 2 * kLanes) shift_group_pair(pixels + 4 * i, wide_table);
+    for (; i < whole; i += kLanes) shift_group(pixels + 4 * i, wide_table);
     const std::size_t rest = 4 * (count - whole);
     if (rest == 0) return;
     // The last few pixels through a full group's buffer, padded with black.
