@@ -25,9 +25,9 @@ namespace {
 #define QTZQ_TEST_SANITIZED 1
 #endif
 
-// Every colour in the optimised build; under the sanitizers a prime stride
-// through them (greys are added separately).
-#if defined(QTZQ_TEST_SANITIZED)
+// Every colour in an optimised build; without optimisation or under the
+// sanitizers a prime stride through them (greys are added separately).
+#if defined(QTZQ_TEST_SANITIZED) || !defined(__OPTIMIZE__)
 constexpr std::uint32_t kColourStep = 61;
 #else
 constexpr std::uint32_t kColourStep = 1;
@@ -140,7 +140,8 @@ TEST(HslShiftVector, EveryColourUnderEveryTable) {
 
 // Spans of 0..17 pixels (each in a buffer of exactly that size, so that a
 // read or write past it shows under AddressSanitizer): every partial group
-// of four and of eight, after zero, one and two whole groups.
+// of four and of eight after none, one and two whole groups, the whole
+// groups both single and in the interleaved pairs.
 TEST(HslShiftVector, SpanTails) {
     const Table table = random_table();
     for (std::size_t count = 0; count <= 17; ++count) {
