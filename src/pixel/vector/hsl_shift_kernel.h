@@ -53,8 +53,8 @@ typedef std::uint32_t vu __attribute__((vector_size(4 * kLanes)));
 
 // Multipliers for the saturation's divisor, indexed by the sum of the
 // extremes: the divisor is the sum itself below lightness 128, 510 - sum from
-// there on (1..255 for every colour that is not grey; a grey's 0 gets 0, its
-// dividend is 0 anyway). With m = ceil(2^24 / d), e = m * d - 2^24 < d and a
+// there on (1..255 for every colour that is not grey; black's and white's
+// divisor 0 gets 0, a grey's dividend is 0 anyway). With m = ceil(2^24 / d), e = m * d - 2^24 < d and a
 // dividend n = 255 * delta <= 255 * d (delta never exceeds either divisor):
 // n * m <= 255 * (2^24 + e) < 2^32, so the product fits 32 bits; and
 // n * m / 2^24 exceeds n / d by n * e / (d * 2^24) < 1 / d (as
