@@ -1,6 +1,7 @@
 // Exported saturation adjustments: matrix, HSL shift and YUV chroma scale.
 #include "qtzqeffect/pixel.h"
 
+#include "pixel/hsl_shift.h"
 #include "pixel/image_walk.h"
 #include "pixel/saturation_kernels.h"
 
@@ -27,8 +28,7 @@ void Saturateconst(unsigned char* pixels, int width, int height, long amount, lo
     unsigned char table[256];
     if (mode == kHslSaturationShift) {
         hsl_shift_table(amount, table);
-        for_each_pixel(pixels, width, height,
-                       [&](unsigned char* pixel) { shift_hsl_saturation(pixel, table); });
+        shift_hsl_saturation_span(pixels, pixel_count(width, height), table);
     } else if (mode == kYuvChromaScale) {
         chroma_scale_table(amount, table);
         for_each_pixel(pixels, width, height,
