@@ -47,11 +47,13 @@ struct ChannelMaps {
         return folded;
     }
 
-    // Blue, green and red of one pixel; alpha left alone.
+    // Blue, green and red of one pixel; alpha left alone. All loads come
+    // before the stores: a byte store may alias the maps.
     void apply(unsigned char* pixel) const {
-        pixel[0] = map[0][pixel[0]];
-        pixel[1] = map[1][pixel[1]];
-        pixel[2] = map[2][pixel[2]];
+        const unsigned char blue = map[0][pixel[0]], green = map[1][pixel[1]], red = map[2][pixel[2]];
+        pixel[0] = blue;
+        pixel[1] = green;
+        pixel[2] = red;
     }
 };
 

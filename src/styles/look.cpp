@@ -71,45 +71,76 @@ ChannelMaps channel_maps_of(const std::function<void(unsigned char* pixel)>& ste
 
 // One pass of the folded recipe over a strip.
 struct Look::Compiled {
+    static bool same_for_all_channels(const ChannelMaps& maps) {
+        return std::memcmp(maps.map[0], maps.map[1], 256) == 0 &&
+               std::memcmp(maps.map[0], maps.map[2], 256) == 0;
+    }
+
     enum class Kind { kMaps, kPairs, kBlend, kSpan };
     struct Op {
         Kind kind;
         ChannelMaps maps;
-        std::vector<unsigned char> pairs;  // [channel][a * 256 + b]
+        std::vector<unsigned char> pairs;  // [channel][a * 256 + b], or one table for all
+        bool shared = false;               // one table serves all three channels
         int material = 0;
         const SpanStep* span = nullptr;
         const ChannelBlend* blend = nullptr;  // a material blend called pixel by pixel
     };
     std::vector<Op> ops;
 
+    // Folding maps that differ between the channels into a table shared by
+    // them gives each channel its own table.
+    static void prepare_fold(Op& pairs, const ChannelMaps& maps) {
+        if (!pairs.shared || same_for_all_channels(maps)) return;
+        pairs.pairs.resize(kChannels * kPairsPerChannel);
+        for (int c = 1; c < kChannels; ++c)
+            std::memcpy(&pairs.pairs[c * kPairsPerChannel], pairs.pairs.data(), kPairsPerChannel);
+        pairs.shared = false;
+    }
+
     void add_maps(const ChannelMaps& maps) {
         if (!ops.empty() && ops.back().kind == Kind::kMaps) {
             ops.back().maps = ops.back().maps.then(maps);
         } else if (!ops.empty() && ops.back().kind == Kind::kPairs) {
-            std::vector<unsigned char>& pairs = ops.back().pairs;
-            for (int c = 0; c < kChannels; ++c)
+            Op& op = ops.back();
+            prepare_fold(op, maps);
+            const int tables = op.shared ? 1 : kChannels;
+            for (int c = 0; c < tables; ++c)
                 for (std::size_t i = 0; i < kPairsPerChannel; ++i) {
-                    unsigned char& entry = pairs[c * kPairsPerChannel + i];
+                    unsigned char& entry = op.pairs[c * kPairsPerChannel + i];
                     entry = maps.map[c][entry];
                 }
         } else {
-            ops.push_back({Kind::kMaps, maps, {}, 0, nullptr, nullptr});
+            ops.push_back({Kind::kMaps, maps, {}, false, 0, nullptr, nullptr});
         }
     }
 
-    void add_pairs(std::vector<unsigned char> pairs, int material) {
+    void add_pairs(Op pairs) {
         if (!ops.empty() && ops.back().kind == Kind::kMaps) {
             // The maps before feed the blend's first level.
             const ChannelMaps before = ops.back().maps;
+            prepare_fold(pairs, before);
             ops.pop_back();
-            std::vector<unsigned char> folded(pairs.size());
-            for (int c = 0; c < kChannels; ++c)
+            std::vector<unsigned char> folded(pairs.pairs.size());
+            const int tables = pairs.shared ? 1 : kChannels;
+            for (int c = 0; c < tables; ++c)
                 for (int a = 0; a < 256; ++a)
                     std::memcpy(&folded[c * kPairsPerChannel + a * 256],
-                                &pairs[c * kPairsPerChannel + before.map[c][a] * 256], 256);
-            pairs.swap(folded);
+                                &pairs.pairs[c * kPairsPerChannel + before.map[c][a] * 256], 256);
+            pairs.pairs.swap(folded);
         }
-        ops.push_back({Kind::kPairs, ChannelMaps{}, std::move(pairs), material, nullptr, nullptr});
+        ops.push_back(std::move(pairs));
+    }
+
+    // A material blend as a table of pairs, one for all channels when the
+    // blend treats them alike.
+    static Op pairs_op(const ChannelBlend& blend, int material) {
+        Op op{Kind::kPairs, ChannelMaps{}, tabulate_pairs(blend), false, material, nullptr, nullptr};
+        const unsigned char* first = op.pairs.data();
+        op.shared = std::memcmp(first, first + kPairsPerChannel, kPairsPerChannel) == 0 &&
+                    std::memcmp(first, first + 2 * kPairsPerChannel, kPairsPerChannel) == 0;
+        if (op.shared) op.pairs.resize(kPairsPerChannel);
+        return op;
     }
 
     void run(unsigned char* pixels, const Materials& materials, std::size_t count) const {
@@ -121,9 +152,18 @@ struct Look::Compiled {
                 case Kind::kPairs: {
                     const unsigned char* m = materials[op.material];
                     const unsigned char* table = op.pairs.data();
-                    for (std::size_t i = 0; i < count * kBytesPerPixel; i += kBytesPerPixel)
-                        for (int c = 0; c < kChannels; ++c)
-                            pixels[i + c] = table[c * kPairsPerChannel + pixels[i + c] * 256 + m[i + c]];
+                    const std::size_t step = op.shared ? 0 : kPairsPerChannel;
+                    // All loads before the stores: a byte store may alias anything,
+                    // so a store between them would hold the next load back.
+                    for (std::size_t i = 0; i < count * kBytesPerPixel; i += kBytesPerPixel) {
+                        const std::size_t b = pixels[i] * 256u + m[i];
+                        const std::size_t g = step + pixels[i + 1] * 256u + m[i + 1];
+                        const std::size_t r = 2 * step + pixels[i + 2] * 256u + m[i + 2];
+                        const unsigned char blue = table[b], green = table[g], red = table[r];
+                        pixels[i] = blue;
+                        pixels[i + 1] = green;
+                        pixels[i + 2] = red;
+                    }
                     break;
                 }
                 case Kind::kBlend: {
@@ -220,19 +260,19 @@ void Look::run_folded(unsigned char* image, std::size_t count,
     Compiled compiled;
     for (const Step& step : steps_) {
         if (step.span) {
-            compiled.ops.push_back({Compiled::Kind::kSpan, ChannelMaps{}, {}, 0, &step.span, nullptr});
+            compiled.ops.push_back({Compiled::Kind::kSpan, ChannelMaps{}, {}, false, 0, &step.span, nullptr});
             continue;
         }
         if (step.operand == Operand::kMaterial && count < pair_tables_from_) {
             compiled.ops.push_back(
-                {Compiled::Kind::kBlend, ChannelMaps{}, {}, step.material, nullptr, &step.blend});
+                {Compiled::Kind::kBlend, ChannelMaps{}, {}, false, step.material, nullptr, &step.blend});
             continue;
         }
         switch (step.operand) {
             case Operand::kNone: compiled.add_maps(step.maps); break;
             case Operand::kConstant: compiled.add_maps(tabulate_maps(step.blend, step.colour)); break;
             case Operand::kSelf: compiled.add_maps(tabulate_maps(step.blend, nullptr)); break;
-            case Operand::kMaterial: compiled.add_pairs(tabulate_pairs(step.blend), step.material); break;
+            case Operand::kMaterial: compiled.add_pairs(Compiled::pairs_op(step.blend, step.material)); break;
         }
     }
     for_each_strip(image, materials, count,
