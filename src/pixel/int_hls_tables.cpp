@@ -17,7 +17,7 @@ void fill_saturation(unsigned char* saturation) {
     }
 }
 
-// For (red, green, blue) = (delta, delta - step_from_max, 0) red is largest
+// For (red, green, blue) = (delta, delta - from_max, 0) red is largest
 // and blue smallest, so the hue is 42 - the green step (never negative).
 void fill_hue_step(unsigned char* hue_step) {
     for (int delta = 1; delta < 256; ++delta) {
