@@ -145,12 +145,14 @@ QTZQ_LANES HueSaturation int_hue_saturation(I32 r, I32 g, I32 b, const IntHlsTab
     return {hue, lookup(tables.saturation, (max << 8) + min)};
 }
 
-// int_hls_channel for m1 <= m2 in 0..255 and a hue in 0..255.
+// int_hls_channel for m1 <= m2 in 0..255 and a hue in 0..255. The ramp's
+// t is the hue up to 42, 170 - hue from 127 to 169, and 0 past 169, where
+// the ramp gives m1 (42 / 85 = 0): t = max(min(hue, 170 - hue), 0). Hues
+// 43..126 take m2.
 QTZQ_LANES I32 hue_level(I32 m1, I32 m2, I32 hue) {
-    const I32 rising = hue <= 42;  // hue < 42.5
-    const I32 t = pick(rising, hue, kIntGreyHue - hue);
+    const I32 t = max_of(min_of(hue, kIntGreyHue - hue), I32{});
     const I32 ramp = min_of(divide<kBy85>(((m2 - m1) * t + 21) * 2) + m1, I32{} + 255);
-    return pick(rising, ramp, pick(hue < 127, m2, pick(hue > 169, m1, ramp)));
+    return pick((hue > 42) & (hue < 127), m2, ramp);
 }
 
 // int_hls_to_rgb for hue, lightness and saturation in 0..255, packed as
