@@ -55,6 +55,7 @@ void register_tone() {
     add_pass("tone/Saturateconst_chroma", chroma_saturation);
     add_pass("levels/CColorBalance", colour_balance, "opencv/LUT");
     add_pass("levels/CColorBalance_preserve", colour_balance_keeping_lightness);
+    add_pass("levels/CColorBalance_preserve/scalar", on_scalar_path(colour_balance_keeping_lightness));
     add_pass("levels/AutoColorLevel", auto_levels);
     add_pass("curve/SFCurve", s_curve, "opencv/LUT");
 }

@@ -6,7 +6,6 @@
 #ifndef QTZQ_PIXEL_HLS_KERNELS_H
 #define QTZQ_PIXEL_HLS_KERNELS_H
 
-#include <algorithm>
 #include <cstdint>
 
 #include "pixel/channel_extremes.h"
@@ -91,8 +90,11 @@ inline std::uint32_t hls_to_rgb(double hue, double lightness, double saturation)
 
 // ---- Integers ----------------------------------------------------------------
 // Hue 0..255 for a full circle with 85 per third and 42 per sixth; the
-// circle wraps at 255, not 256 (deliberate). Arguments outside their ranges
-// are clamped into them (levels and L, S, H to 0..255).
+// circle wraps at 255, not 256 (deliberate). rgb_to_int_hls limits its levels
+// to 0..255 (a sum of 0 would otherwise divide by zero). The way back takes
+// any int and computes as written, in 64 bits where a product needs it; a
+// value that does not fit in 32 bits goes on as its low 32 bits
+// (two's complement), as a 32-bit machine would carry it.
 
 constexpr int kIntHueThird = 85;
 constexpr int kIntGreyHue = 170;
@@ -136,44 +138,46 @@ inline void rgb_to_int_hls(int r, int g, int b, int& hue, int& lightness, int& s
     hue = h;
 }
 
+// m1 + ((m2 - m1) * t + 21) * 2 / 85, signed divisions truncating toward
+// zero. |m2 - m1| < 2^32 and |t| < 2^31 keep the product inside 64 bits; the
+// doubling is taken apart (2x / 85 = 2 (x / 85) + 2 (x % 85) / 85, both
+// parts of one sign) so that it cannot overflow either.
+inline int int_hue_ramp(long long m1, long long m2, long long t) {
+    const long long scaled = (m2 - m1) * t + 21;
+    return low_int32(2 * (scaled / 85) + 2 * (scaled % 85) / 85 + m1);
+}
+
 inline int int_hue_to_rgb(int m1, int m2, int hue) {
-    m1 = clamp_byte(m1);
-    m2 = clamp_byte(m2);
-    hue = std::min(std::max(hue, -255), 510);
     if (hue < 0) {
         hue += 255;
     } else if (hue >= 256) {
         hue -= 255;
     }
-    // Signed integer divisions, truncating toward zero.
-    if (double(hue) < 42.5) return ((m2 - m1) * hue + 21) * 2 / 85 + m1;
+    if (double(hue) < 42.5) return int_hue_ramp(m1, m2, hue);
     if (hue < 127) return m2;
     if (hue > 169) return m1;
-    return ((m2 - m1) * (170 - hue) + 21) * 2 / 85 + m1;
+    return int_hue_ramp(m1, m2, 170 - hue);
 }
 
 // A level from int_hue_to_rgb scaled back with rounding and range limits.
 inline int int_hls_channel(int m1, int m2, int hue) {
-    const int scaled = 255 * int_hue_to_rgb(m1, m2, hue);
+    const long long scaled = 255LL * int_hue_to_rgb(m1, m2, hue);
     if (scaled < 128) return 0;
     if (scaled >= 65153) return 255;
-    return (scaled + 127) / 255;
+    return static_cast<int>((scaled + 127) / 255);
 }
 
 inline void int_hls_to_rgb(int hue, int lightness, int saturation, int& r, int& g, int& b) {
-    hue = clamp_byte(hue);
-    lightness = clamp_byte(lightness);
-    saturation = clamp_byte(saturation);
     if (saturation == 0) {
         r = g = b = lightness;
         return;
     }
-    const int m2 = lightness < 128 ? (lightness * (255 + saturation) + 127) / 255
-                                   : lightness + saturation - (lightness * saturation + 127) / 255;
-    const int m1 = 2 * lightness - m2;
-    r = int_hls_channel(m1, m2, hue + kIntHueThird);
-    g = int_hls_channel(m1, m2, hue);
-    b = int_hls_channel(m1, m2, hue - kIntHueThird);
+    const long long l = lightness, s = saturation;
+    const long long m2 = l < 128 ? (l * (255 + s) + 127) / 255 : l + s - (l * s + 127) / 255;
+    const int m1 = low_int32(2 * l - m2), m2_low = low_int32(m2);
+    r = int_hls_channel(m1, m2_low, low_int32(hue + (long long)kIntHueThird));
+    g = int_hls_channel(m1, m2_low, hue);
+    b = int_hls_channel(m1, m2_low, low_int32(hue - (long long)kIntHueThird));
 }
 
 }  // namespace qtzq

@@ -34,6 +34,14 @@ inline unsigned char low_byte(long long value) {
     return static_cast<unsigned char>(static_cast<unsigned long long>(value) & 0xFFu);
 }
 
+// Low 32 bits of an integer read as a signed 32-bit value (two's
+// complement), written without an implementation-defined conversion.
+inline std::int32_t low_int32(long long value) {
+    const std::uint32_t bits = static_cast<std::uint32_t>(static_cast<unsigned long long>(value));
+    if (bits <= 0x7FFFFFFFu) return static_cast<std::int32_t>(bits);
+    return static_cast<std::int32_t>(static_cast<long long>(bits) - 0x100000000LL);
+}
+
 // Truncation toward zero to a signed 32-bit integer; saturates outside the
 // int32 range, NaN gives 0.
 inline std::int32_t truncate_int(double value) {

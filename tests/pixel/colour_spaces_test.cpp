@@ -149,14 +149,43 @@ Triple int_hls(int r, int g, int b) {
     return {h, l, s};
 }
 
-TEST(IntegerHls, KnownValuesRoundTripAndClamping) {
+TEST(IntegerHls, KnownValuesRoundTripAndOutOfRangeArguments) {
     EXPECT_EQ(int_hls(0, 255, 0), (Triple{85, 127, 255}));  // L = 127.75 truncated
     EXPECT_EQ(int_hls(255, 0, 100), (Triple{239, 127, 255}));  // 26 - 42 wraps by 255
     EXPECT_EQ(int_hls(7, 7, 7)[0], 170);
     EXPECT_EQ(int_hls(-5, 300, 2147483647), int_hls(0, 255, 255));
-    EXPECT_EQ(intHueToRGB(0, 100, 20), 47);   // (2000 + 21) * 2 / 85
-    EXPECT_EQ(intHueToRGB(0, 100, 150), 47);  // (100 * 20 + 21) * 2 / 85
-    EXPECT_EQ(intHueToRGB(-2147483647 - 1, 2147483647, 20), intHueToRGB(0, 255, 20));
+    constexpr int kMin = std::numeric_limits<int>::min(), kMax = std::numeric_limits<int>::max();
+    // intHueToRGB(m1, m2, hue): levels and hues outside 0..255 are used as
+    // given; a result past 32 bits keeps its low 32 bits.
+    const std::array<int, 4> hue_cases[] = {
+        {0, 100, 20, 47},            // (100 * 20 + 21) * 2 / 85
+        {0, 100, 150, 47},           // (100 * (170 - 150) + 21) * 2 / 85
+        {179, 418, 306, 418},        // 306 - 255 = 51: m2, unclamped
+        {-100, 300, 10, -6},         // 8042 / 85 = 94, + m1
+        {300, -100, 160, 207},       // -7958 / 85 truncates to -93
+        {5, 9, -300, 2},             // -300 + 255 = -45: the rising ramp, negative
+        {5, 9, 600, 5},              // 600 - 255 = 345: m1
+        {kMin, kMax, 20, -126322568},  // exact, the product needs 64 bits
+        {kMin, kMax, 42, 2096954620},
+        {kMin, kMax, kMin, 2147483643},  // low 32 bits of the exact result
+    };
+    for (const auto& c : hue_cases)
+        EXPECT_EQ(intHueToRGB(c[0], c[1], c[2]), c[3]) << c[0] << " " << c[1] << " " << c[2];
+    // intHLStoRGB(H, L, S) with arguments outside 0..255, used as given.
+    const std::array<int, 6> rgb_cases[] = {
+        {0, 100, 300, 218, 0, 0},    // m2 = 218, m1 = -18 (a negative level gives 0)
+        {0, 300, 0, 300, 300, 300},  // S = 0: L itself
+        {0, 100, -50, 80, 120, 120},  // m2 = 80 below m1 = 120
+        {600, 128, 255, 1, 1, 1},    // one wrap only: every hue lands past 169
+        {kMax, kMax, kMax, 255, 255, 255},
+        {kMin, kMin, kMin, 255, 255, 255},
+    };
+    for (const auto& c : rgb_cases) {
+        int r, g, b;
+        intHLStoRGB(c[0], c[1], c[2], &r, &g, &b);
+        EXPECT_EQ((Triple{r, g, b}), (Triple{c[3], c[4], c[5]}))
+            << c[0] << " " << c[1] << " " << c[2];
+    }
     EXPECT_LE(worst_round_trip([](int rr, int gg, int bb) {
                   const Triple t = int_hls(rr, gg, bb);
                   int r, g, b;
