@@ -188,25 +188,21 @@ Look& Look::maps(const ChannelMaps& maps) {
 }
 
 Look& Look::blend_constant(const unsigned char* colour, ChannelBlend blend) {
-    Step step;
-    step.operand = Operand::kConstant;
-    step.colour = colour;
-    step.blend = std::move(blend);
-    steps_.push_back(std::move(step));
-    return *this;
+    return add_blend(Operand::kConstant, colour, 0, std::move(blend));
 }
 
 Look& Look::blend_self(ChannelBlend blend) {
-    Step step;
-    step.operand = Operand::kSelf;
-    step.blend = std::move(blend);
-    steps_.push_back(std::move(step));
-    return *this;
+    return add_blend(Operand::kSelf, nullptr, 0, std::move(blend));
 }
 
 Look& Look::blend_material(int material, ChannelBlend blend) {
+    return add_blend(Operand::kMaterial, nullptr, material, std::move(blend));
+}
+
+Look& Look::add_blend(Operand operand, const unsigned char* colour, int material, ChannelBlend blend) {
     Step step;
-    step.operand = Operand::kMaterial;
+    step.operand = operand;
+    step.colour = colour;
     step.material = material;
     step.blend = std::move(blend);
     steps_.push_back(std::move(step));

@@ -106,6 +106,7 @@ private:
     };
     struct Compiled;
 
+    Look& add_blend(Operand operand, const unsigned char* colour, int material, ChannelBlend blend);
     void run_step_by_step(unsigned char* image, std::size_t count,
                           const unsigned char* const* materials) const;
     void run_folded(unsigned char* image, std::size_t count, const unsigned char* const* materials) const;
