@@ -3,6 +3,11 @@
 //   qtzq_golden --check LIST [--filter TEXT]   exit 1 unless every digest (of the
 //                                              cases whose name contains TEXT) matches
 //   qtzq_golden --write LIST                   rewrite LIST from this run
+//
+// With --reference anywhere on the line the library runs on its scalar
+// reference paths (no vector kernels, no fast paths): the same digests must
+// come out, so the reference paths stay pinned too.
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
@@ -11,6 +16,7 @@
 #include <stdexcept>
 
 #include "golden.h"
+#include "simd/vector_unit.h"
 
 using namespace qtzq_golden;
 
@@ -79,7 +85,12 @@ int check(const std::string& path, const std::string& filter) {
 
 int main(int argc, char** argv) {
     try {
-        const std::vector<std::string> args(argv + 1, argv + argc);
+        std::vector<std::string> args(argv + 1, argv + argc);
+        const auto reference = std::find(args.begin(), args.end(), "--reference");
+        const bool on_reference_paths = reference != args.end();
+        if (on_reference_paths) args.erase(reference);
+        qtzq::ScopedVectorUnitLimit limit(on_reference_paths ? qtzq::VectorUnit::kScalar
+                                                             : qtzq::VectorUnit::kAvx2);
         if (std::time(nullptr) != kFixedClock)
             throw std::runtime_error("time() is not the fixed clock: link with -Wl,--wrap=time");
         if (args.size() == 2 && args[0] == "--write") {
@@ -93,7 +104,7 @@ int main(int argc, char** argv) {
             args[0] == "--check")
             return check(args[1], args.size() == 4 ? args[3] : "");
         throw std::invalid_argument(
-            "usage: qtzq_golden --check LIST [--filter TEXT] | --write LIST");
+            "usage: qtzq_golden --check LIST [--filter TEXT] | --write LIST  [--reference]");
     } catch (const std::exception& error) {
         std::cerr << "qtzq_golden: " << error.what() << '\n';
         return 2;
