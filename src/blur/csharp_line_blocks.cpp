@@ -40,7 +40,9 @@ CSharpLineBlocks<kLanes>::CSharpLineBlocks(const int* kernel, int kernel_sum, in
               kernel_.weight_sum(0, 2 * half + 1) * kLargestSample),
       half_(half),
       length_(length),
-      prefix_((std::size_t(length) + 1) * kLanes) {}
+      narrow_(kernel_.weight_sum(0, 2 * half + 1) * kLargestSample <= 0xFFFFu),
+      prefix_(narrow_ ? 0 : (std::size_t(length) + 1) * kLanes),
+      prefix16_(narrow_ ? (std::size_t(length) + 1) * kLanes : 0) {}
 
 template <int kLanes>
 void CSharpLineBlocks<kLanes>::blur(const unsigned char* in, std::ptrdiff_t step,
@@ -57,7 +59,9 @@ void CSharpLineBlocks<kLanes>::blur(const unsigned char* in, std::ptrdiff_t step
 template <int kLanes>
 void CSharpLineBlocks<kLanes>::fill_prefix(const unsigned char* in, std::ptrdiff_t step,
                                            std::ptrdiff_t line_step) {
-    kernels().fill_prefix({in, step, line_step, length_, prefix_.data()}, kLanes);
+    kernels().fill_prefix({in, step, line_step, length_, narrow_ ? nullptr : prefix_.data(),
+                           narrow_ ? prefix16_.data() : nullptr},
+                          kLanes);
 }
 
 // Positions half .. length-half-1: the whole kernel over the window starting
@@ -65,8 +69,9 @@ void CSharpLineBlocks<kLanes>::fill_prefix(const unsigned char* in, std::ptrdiff
 template <int kLanes>
 void CSharpLineBlocks<kLanes>::blur_middle(unsigned char* out) const {
     const std::vector<WeightBox>& boxes = kernel_.boxes();
-    const CSharpMiddle job{prefix_.data(), boxes.data(), static_cast<int>(boxes.size()),
-                           half_, half_, length_ - half_, divide_.multiplier(), divide_.shift(), out};
+    const CSharpMiddle job{narrow_ ? nullptr : prefix_.data(), narrow_ ? prefix16_.data() : nullptr,
+                           boxes.data(), static_cast<int>(boxes.size()), half_, half_, length_ - half_,
+                           divide_.multiplier(), divide_.shift(), out};
     kernels().blur_middle(job, kLanes);
 }
 
@@ -75,10 +80,14 @@ template <int kLanes>
 std::uint32_t CSharpLineBlocks<kLanes>::window_sum(int lane, int offset, int lo, int hi) const {
     const auto prefix = [&](int tap) {
         const int t = std::clamp(tap - offset, lo, hi);
-        return prefix_[std::size_t(t) * kLanes + lane];
+        const std::size_t at = std::size_t(t) * kLanes + lane;
+        return narrow_ ? prefix16_[at] : prefix_[at];
     };
     std::uint32_t sum = 0;
-    for (const WeightBox& box : kernel_.boxes()) sum += box.height * (prefix(box.end) - prefix(box.begin));
+    // Differences modulo 2^16 for 16-bit sums: each box's true sum fits.
+    const std::uint32_t modulus_mask = narrow_ ? 0xFFFFu : 0xFFFFFFFFu;
+    for (const WeightBox& box : kernel_.boxes())
+        sum += box.height * ((prefix(box.end) - prefix(box.begin)) & modulus_mask);
     return sum;
 }
 

@@ -41,7 +41,11 @@ private:
     ExactDivider divide_;
     int half_;
     int length_;
-    std::vector<std::uint32_t> prefix_;  // [length + 1][kLanes]
+    // [length + 1][kLanes]: 16-bit when every sum of the pass fits in 16
+    // bits (the small radii: twice the lanes per vector), else 32-bit.
+    bool narrow_;
+    std::vector<std::uint32_t> prefix_;
+    std::vector<std::uint16_t> prefix16_;
 };
 
 extern template class CSharpLineBlocks<4>;

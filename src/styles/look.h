@@ -97,7 +97,7 @@ public:
 private:
     enum class Operand { kNone, kConstant, kSelf, kMaterial };
     struct Step {
-        ChannelMaps maps;  // maps steps
+        ChannelMaps maps{};  // maps steps
         Operand operand = Operand::kNone;
         const unsigned char* colour = nullptr;
         int material = 0;

@@ -1,8 +1,8 @@
 // The inner loops of CSharp's blur over a block of lines: the lines' prefix
 // sums, and the middle of the lines, the kernel's boxes summed from the
-// prefix sums and divided exactly by the kernel's sum. One kernel source (csharp_middle_kernel.h) compiled for the
-// portable vector unit and, on x86-64, again for AVX2; csharp_line_blocks.cpp
-// picks the one to run.
+// prefix sums and divided exactly by the kernel's sum. One kernel source
+// (csharp_middle_kernel.h) compiled for the portable vector unit and, on
+// x86-64, again for AVX2; csharp_line_blocks.cpp picks the one to run.
 #ifndef QTZQ_BLUR_VECTOR_CSHARP_MIDDLE_H
 #define QTZQ_BLUR_VECTOR_CSHARP_MIDDLE_H
 
@@ -13,8 +13,11 @@
 
 namespace qtzq {
 
+// The prefix sums are 32-bit, or 16-bit (prefix16 set, prefix null) when
+// every sum of the pass fits in 16 bits.
 struct CSharpMiddle {
     const std::uint32_t* prefix;  // [length + 1][lanes]: prefix sums of every lane
+    const std::uint16_t* prefix16;
     const WeightBox* boxes;       // the kernel's boxes
     int box_count;
     int half;
@@ -33,6 +36,7 @@ struct CSharpPrefix {
     std::ptrdiff_t line_step;
     int length;
     std::uint32_t* prefix;
+    std::uint16_t* prefix16;
 };
 
 // Each for lanes 4 and 32.

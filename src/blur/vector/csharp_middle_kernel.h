@@ -5,12 +5,15 @@
 //
 // Integer work only: the sums wrap modulo 2^32 (unsigned, defined) and
 // every result fits in 32 bits, so any grouping of lanes gives the bytes of
-// the tap-by-tap reference. Vectors are spelled out: left to itself the
+// the tap-by-tap reference. Where every sum of a pass fits in 16 bits (the
+// small radii) the prefix sums are kept modulo 2^16 instead, twice the lanes
+// per vector, with the same argument. Vectors are spelled out: left to itself the
 // compiler keeps 32-bit multiplies scalar on units without such a vector
 // instruction (SSE2), though emulating them with 64-bit multiplies is
 // faster. Everything has internal linkage apart from the entry point.
 #include <cstddef>
 #include <cstring>
+#include <type_traits>
 
 #include "blur/vector/csharp_middle.h"
 
@@ -18,100 +21,135 @@ namespace qtzq {
 namespace QTZQ_KERNEL_SET {
 namespace {
 
-// Vector types of 16 and 32 bytes (the attribute needs a literal size).
-template <int kBytes>
-struct VectorTypes;
+// Vectors of N lanes (4, 8 or 16) of each width the kernel uses (the
+// attribute needs a literal size).
+template <int N>
+struct LaneTypes;
 template <>
-struct VectorTypes<16> {
+struct LaneTypes<4> {
+    typedef std::uint16_t U16 __attribute__((vector_size(8)));
     typedef std::uint32_t U32 __attribute__((vector_size(16)));
     typedef std::uint64_t U64 __attribute__((vector_size(16)));
     typedef unsigned char U8 __attribute__((vector_size(4)));
 };
 template <>
-struct VectorTypes<32> {
+struct LaneTypes<8> {
+    typedef std::uint16_t U16 __attribute__((vector_size(16)));
     typedef std::uint32_t U32 __attribute__((vector_size(32)));
     typedef std::uint64_t U64 __attribute__((vector_size(32)));
     typedef unsigned char U8 __attribute__((vector_size(8)));
 };
+template <>
+struct LaneTypes<16> {
+    typedef std::uint16_t U16 __attribute__((vector_size(32)));
+    typedef std::uint32_t U32 __attribute__((vector_size(64)));
+    typedef std::uint64_t U64 __attribute__((vector_size(64)));
+    typedef unsigned char U8 __attribute__((vector_size(16)));
+};
 
-template <int kBytes>
+// Prefix sums of element type T (uint32_t, or uint16_t when every sum of
+// the pass fits in 16 bits) in vectors of the unit's width.
+template <typename T, int kBlockLanes>
 struct Vectors {
-    static constexpr int kLanes = kBytes / 4;
-    using U32 = typename VectorTypes<kBytes>::U32;
-    using U64 = typename VectorTypes<kBytes>::U64;
-    using U8 = typename VectorTypes<kBytes>::U8;
+    static constexpr int kWidest = QTZQ_KERNEL_VECTOR_BYTES / int(sizeof(T));
+    static constexpr int kLanes = kBlockLanes < kWidest ? kBlockLanes : kWidest;
+    using Types = LaneTypes<kLanes>;
+    using U8 = typename Types::U8;
+    using V = typename std::conditional<sizeof(T) == 2, typename Types::U16, typename Types::U32>::type;
 
-    static U32 load(const std::uint32_t* p) {
-        U32 v;
+    static V load(const T* p) {
+        V v;
         std::memcpy(&v, p, sizeof v);
         return v;
     }
 
     // Exact quotients of dividends below the divider's bound: each widened
     // to 64 bits, multiplied, shifted. The quotients are bytes, so the two
-    // halves put back together do not overlap.
-    static U32 divide(U32 n, std::uint64_t multiplier, int shift) {
-        const U64 wide = (U64)n;
-        const U64 even = ((wide & 0xFFFFFFFFu) * multiplier) >> shift;
-        const U64 odd = ((wide >> 32) * multiplier) >> shift;
-        return (U32)(even | (odd << 32));
+    // halves put back together do not overlap. Done in groups of at most
+    // eight lanes, which the widest unit holds as 32-bit lanes.
+    static void divide_to_bytes(V sums, std::uint64_t multiplier, int shift, unsigned char* out) {
+        constexpr int kGroup = kLanes < 8 ? kLanes : 8;
+        using Group = LaneTypes<kGroup>;
+        T lanes[kLanes];
+        std::memcpy(lanes, &sums, sizeof sums);
+        for (int g = 0; g < kLanes; g += kGroup) {
+            typename Group::U32 n;
+            if constexpr (sizeof(T) == 2) {
+                typename Group::U16 narrow;
+                std::memcpy(&narrow, lanes + g, sizeof narrow);
+                n = __builtin_convertvector(narrow, typename Group::U32);
+            } else {
+                std::memcpy(&n, lanes + g, sizeof n);
+            }
+            const typename Group::U64 wide = (typename Group::U64)n;
+            const typename Group::U64 even = ((wide & 0xFFFFFFFFu) * multiplier) >> shift;
+            const typename Group::U64 odd = ((wide >> 32) * multiplier) >> shift;
+            const auto bytes = __builtin_convertvector((typename Group::U32)(even | (odd << 32)),
+                                                       typename Group::U8);
+            std::memcpy(out + g, &bytes, sizeof bytes);
+        }
     }
 };
 
-// The vectors a block of kLanes lanes is handled in.
-template <int kLanes>
-using VectorsFor = Vectors<(kLanes * 4 < QTZQ_KERNEL_VECTOR_BYTES ? kLanes * 4 : QTZQ_KERNEL_VECTOR_BYTES)>;
-
-template <int kLanes>
-void fill_prefix(const CSharpPrefix& job) {
-    using V = VectorsFor<kLanes>;
-    constexpr int kCount = kLanes / V::kLanes;
-    constexpr int kPixels = V::kLanes / 4;  // pixels of neighbouring lines in one vector
-    typename V::U32 running[kCount] = {};
-    std::uint32_t* row = job.prefix;
+template <int kLanes, typename T>
+void fill_prefix(const CSharpPrefix& job, T* row) {
+    using Vs = Vectors<T, kLanes>;
+    constexpr int kCount = kLanes / Vs::kLanes;
+    constexpr int kPixels = Vs::kLanes / 4;  // pixels of neighbouring lines in one vector
+    typename Vs::V running[kCount] = {};
     std::memset(row, 0, kLanes * sizeof *row);
     const unsigned char* sample = job.in;
     for (int t = 0; t < job.length; ++t, sample += job.step) {
         row += kLanes;
         for (int v = 0; v < kCount; ++v) {
-            typename V::U8 bytes;
+            typename Vs::U8 bytes;
             if (job.line_step == 4) {  // neighbouring pixels of a row: one load
-                std::memcpy(&bytes, sample + v * V::kLanes, sizeof bytes);
+                std::memcpy(&bytes, sample + v * Vs::kLanes, sizeof bytes);
             } else {
-                unsigned char gathered[V::kLanes];
+                unsigned char gathered[Vs::kLanes];
                 for (int p = 0; p < kPixels; ++p)
                     std::memcpy(gathered + 4 * p, sample + (v * kPixels + p) * job.line_step, 4);
                 std::memcpy(&bytes, gathered, sizeof bytes);
             }
-            running[v] += __builtin_convertvector(bytes, typename V::U32);
-            std::memcpy(row + v * V::kLanes, &running[v], sizeof running[v]);
+            running[v] += __builtin_convertvector(bytes, typename Vs::V);
+            std::memcpy(row + v * Vs::kLanes, &running[v], sizeof running[v]);
         }
     }
 }
 
-template <int kLanes>
-void blur_middle(const CSharpMiddle& job) {
-    using V = VectorsFor<kLanes>;
-    constexpr int kCount = kLanes / V::kLanes;
+template <int kLanes, typename T>
+void blur_middle(const CSharpMiddle& job, const T* prefix) {
+    using Vs = Vectors<T, kLanes>;
+    constexpr int kCount = kLanes / Vs::kLanes;
     for (int j = job.first; j < job.end; ++j) {
-        typename V::U32 sums[kCount] = {};
-        const std::uint32_t* window = job.prefix + std::size_t(j - job.half) * kLanes;
+        typename Vs::V sums[kCount] = {};
+        const T* window = prefix + std::size_t(j - job.half) * kLanes;
         for (int k = 0; k < job.box_count; ++k) {
             const WeightBox& box = job.boxes[k];
-            const std::uint32_t* begin = window + std::size_t(box.begin) * kLanes;
-            const std::uint32_t* end = window + std::size_t(box.end) * kLanes;
+            const T* begin = window + std::size_t(box.begin) * kLanes;
+            const T* end = window + std::size_t(box.end) * kLanes;
+            const T height = static_cast<T>(box.height);
             for (int v = 0; v < kCount; ++v) {
-                const int lane = v * V::kLanes;
-                sums[v] += box.height * (V::load(end + lane) - V::load(begin + lane));
+                const int lane = v * Vs::kLanes;
+                sums[v] += height * (Vs::load(end + lane) - Vs::load(begin + lane));
             }
         }
         unsigned char* o = job.out + std::size_t(j) * kLanes;
-        for (int v = 0; v < kCount; ++v) {
-            const auto bytes = __builtin_convertvector(V::divide(sums[v], job.multiplier, job.shift),
-                                                       typename V::U8);
-            std::memcpy(o + v * V::kLanes, &bytes, sizeof bytes);
-        }
+        for (int v = 0; v < kCount; ++v)
+            Vs::divide_to_bytes(sums[v], job.multiplier, job.shift, o + v * Vs::kLanes);
     }
+}
+
+template <int kLanes>
+void fill_prefix(const CSharpPrefix& job) {
+    if (job.prefix16 != nullptr) fill_prefix<kLanes>(job, job.prefix16);
+    else fill_prefix<kLanes>(job, job.prefix);
+}
+
+template <int kLanes>
+void blur_middle(const CSharpMiddle& job) {
+    if (job.prefix16 != nullptr) blur_middle<kLanes>(job, job.prefix16);
+    else blur_middle<kLanes>(job, job.prefix);
 }
 
 }  // namespace
