@@ -47,6 +47,22 @@ struct LaneTypes<16> {
     typedef unsigned char U8 __attribute__((vector_size(16)));
 };
 
+static_assert(__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__, "a lane's low byte comes first");
+
+// The low byte of each 32-bit lane (values known to be bytes), gathered by
+// one shuffle: a plain conversion is taken apart lane by lane by the
+// compiler.
+inline LaneTypes<4>::U8 low_bytes(LaneTypes<4>::U32 lanes) {
+    typedef unsigned char Raw __attribute__((vector_size(16)));
+    const Raw raw = (Raw)lanes;
+    return __builtin_shufflevector(raw, raw, 0, 4, 8, 12);
+}
+inline LaneTypes<8>::U8 low_bytes(LaneTypes<8>::U32 lanes) {
+    typedef unsigned char Raw __attribute__((vector_size(32)));
+    const Raw raw = (Raw)lanes;
+    return __builtin_shufflevector(raw, raw, 0, 4, 8, 12, 16, 20, 24, 28);
+}
+
 // Prefix sums of element type T (uint32_t, or uint16_t when every sum of
 // the pass fits in 16 bits) in vectors of the unit's width.
 template <typename T, int kBlockLanes>
@@ -84,8 +100,7 @@ struct Vectors {
             const typename Group::U64 wide = (typename Group::U64)n;
             const typename Group::U64 even = ((wide & 0xFFFFFFFFu) * multiplier) >> shift;
             const typename Group::U64 odd = ((wide >> 32) * multiplier) >> shift;
-            const auto bytes = __builtin_convertvector((typename Group::U32)(even | (odd << 32)),
-                                                       typename Group::U8);
+            const auto bytes = low_bytes((typename Group::U32)(even | (odd << 32)));
             std::memcpy(out + g, &bytes, sizeof bytes);
         }
     }
