@@ -50,9 +50,11 @@ void register_tone() {
     add_pass("tone/Light", light, "opencv/LUT");
     add_pass("tone/GammaRGB", gamma, "opencv/LUT");
     add_pass("tone/Saturateconst_matrix", matrix_saturation);
+    add_pass("tone/Saturateconst_matrix/scalar", on_scalar_path(matrix_saturation));
     add_pass("tone/Saturateconst_hsl", hsl_saturation);
     add_pass("tone/Saturateconst_hsl/scalar", on_scalar_path(hsl_saturation));
     add_pass("tone/Saturateconst_chroma", chroma_saturation);
+    add_pass("tone/Saturateconst_chroma/scalar", on_scalar_path(chroma_saturation));
     add_pass("levels/CColorBalance", colour_balance, "opencv/LUT");
     add_pass("levels/CColorBalance_preserve", colour_balance_keeping_lightness);
     add_pass("levels/CColorBalance_preserve/scalar", on_scalar_path(colour_balance_keeping_lightness));

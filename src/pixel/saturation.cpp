@@ -4,6 +4,7 @@
 #include "pixel/hsl_shift.h"
 #include "pixel/image_walk.h"
 #include "pixel/saturation_kernels.h"
+#include "pixel/saturation_spans.h"
 
 using namespace qtzq;
 
@@ -20,8 +21,7 @@ void SaturateconstMatrix(unsigned char* pixel, int* matrix) {
 
 void Saturateconst(unsigned char* pixels, int width, int height, long amount) {
     const SaturationMatrix matrix = saturation_matrix(amount);
-    for_each_pixel(pixels, width, height,
-                   [&](unsigned char* pixel) { apply_saturation_matrix(pixel, matrix.m); });
+    saturation_matrix_span(pixels, pixel_count(width, height), matrix.m);
 }
 
 void Saturateconst(unsigned char* pixels, int width, int height, long amount, long mode) {
@@ -31,8 +31,7 @@ void Saturateconst(unsigned char* pixels, int width, int height, long amount, lo
         shift_hsl_saturation_span(pixels, pixel_count(width, height), table);
     } else if (mode == kYuvChromaScale) {
         chroma_scale_table(amount, table);
-        for_each_pixel(pixels, width, height,
-                       [&](unsigned char* pixel) { scale_yuv_chroma(pixel, table); });
+        yuv_chroma_span(pixels, pixel_count(width, height), table);
     }
 }
 

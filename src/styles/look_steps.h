@@ -16,7 +16,7 @@ inline SpanStep saturation(long amount, long mode) {
 }
 
 // The matrix form, Saturateconst(amount), on a strip.
-inline SpanStep saturation_matrix(long amount) {
+inline SpanStep saturation_matrix_step(long amount) {
     return [amount](unsigned char* pixels, const unsigned char* const*, std::size_t count) {
         Saturateconst(pixels, static_cast<int>(count), 1, amount);
     };

@@ -19,7 +19,7 @@ void ABaoColor(unsigned char* image, int width, int height, int strength) {
     if (amount == 0) return;
     const double opacity = double(amount) / double(kStrongest);
     qtzq::Look()
-        .span(qtzq::saturation_matrix(amount))
+        .span(qtzq::saturation_matrix_step(amount))
         // The overlay reads a copy of the pixel it changes.
         .blend_self([opacity](unsigned char* px, const unsigned char*) {
             const unsigned char self[4] = {px[0], px[1], px[2], px[3]};
