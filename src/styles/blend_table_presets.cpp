@@ -56,7 +56,7 @@ void StyleFanHuang(unsigned char* image, unsigned char* material1, unsigned char
                    int width, int height, unsigned char* tables) {
     const BlendTables maps(tables);
     Look()
-        .span(qtzq::saturation(kFanHuangSaturation, kHslSaturationShift))
+        .span(qtzq::saturation_step(kFanHuangSaturation, kHslSaturationShift))
         .curves(RgbCurves::from_store(24, 25, 26))
         .blend_material(0, through(maps, 0))
         .blend_material(1, through(maps, 1))
@@ -68,7 +68,7 @@ void StyleNiuPiZhi(unsigned char* image, unsigned char* material1, unsigned char
                    int width, int height, unsigned char* tables) {
     const BlendTables maps(tables);
     Look()
-        .span(qtzq::saturation(kNiuPiZhiSaturation, kHslSaturationShift))
+        .span(qtzq::saturation_step(kNiuPiZhiSaturation, kHslSaturationShift))
         .blend_constant(kNiuPiZhiTint, through(maps, 0))
         .blend_material(0, through(maps, 1))
         .blend_material(1, through(maps, 2))

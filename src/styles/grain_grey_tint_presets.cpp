@@ -36,7 +36,7 @@ void StyleLiuJin(unsigned char* image, int width, int height) {
     // drawn pixel by pixel in order, as one sequence.
     reseed_from_clock();
     Look()
-        .span(qtzq::saturation(kDesaturate, kHslMode))
+        .span(qtzq::saturation_step(kDesaturate, kHslMode))
         .maps(qtzq::channel_maps_of(
             [](unsigned char* px) { qtzq::shift_rgb(px, kRedAdd, kGreenAdd, kBlueAdd); }))
         .span(qtzq::each_pixel([](unsigned char* px) { qtzq::add_noise(px, kGrainAmount); }))

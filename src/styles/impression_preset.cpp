@@ -14,7 +14,7 @@ void StyleImpression(unsigned char* image, int width, int height) {
         .blend_constant(kLightColour, [](unsigned char* px, const unsigned char* light) {
             qtzq::color_burn_ex(px, light, kBurnOpacity);
         })
-        .span(qtzq::saturation(kSaturationAdd, kHslMode))
+        .span(qtzq::saturation_step(kSaturationAdd, kHslMode))
         .curves(qtzq::RgbCurves::from_store(48, 49, 50))
         .run(image, width, height);
 }

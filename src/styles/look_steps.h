@@ -9,7 +9,7 @@
 namespace qtzq {
 
 // Saturateconst(amount, mode) on a strip.
-inline SpanStep saturation(long amount, long mode) {
+inline SpanStep saturation_step(long amount, long mode) {
     return [amount, mode](unsigned char* pixels, const unsigned char* const*, std::size_t count) {
         Saturateconst(pixels, static_cast<int>(count), 1, amount, mode);
     };

@@ -36,7 +36,7 @@ void StyleMilk(unsigned char* image, unsigned char* material1, unsigned char* ma
     qtzq::brightness_contrast_table(kMilkBrightness, kMilkContrast, light);
     qtzq::Look()
         .maps(qtzq::ChannelMaps::same(light))  // Light(brightness, contrast)
-        .span(qtzq::saturation(kMilkSaturation, kHslSaturationShift))
+        .span(qtzq::saturation_step(kMilkSaturation, kHslSaturationShift))
         .blend_material(0, [](unsigned char* px, const unsigned char* haze) {
             qtzq::screen_ex(px, haze, kHazeOpacity);
         })

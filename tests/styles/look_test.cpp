@@ -63,7 +63,7 @@ const AddStep kSteps[] = {
             qtzq::hardlight_ex_2(px, m, 0.7);
         });
     },
-    [](Look& look, std::mt19937&) { look.span(qtzq::saturation(-35, 1)); },
+    [](Look& look, std::mt19937&) { look.span(qtzq::saturation_step(-35, 1)); },
     [](Look& look, std::mt19937&) {
         look.span(qtzq::each_pixel([](unsigned char* px) { qtzq::color_ex(px, kColour, 0.8); }));
     },
