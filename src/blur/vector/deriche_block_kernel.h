@@ -62,23 +62,36 @@ Taps spread(const double* numerator, const double* denominator, const double* ed
 // have (a last, partial block) are filtered as zeros and never stored.
 constexpr int kChannels = 3;  // blue, green, red; alpha is never filtered
 
+typedef int v4i __attribute__((vector_size(16)));
+
+// Bytes to doubles, four lines at once (exact).
 void load_pixels(const DericheLines& lines, v4d* x) {
     for (int p = 0; p < lines.length; ++p)
         for (int c = 0; c < kChannels; ++c) {
-            v4d v = splat(0.0);
+            v4i levels = {0, 0, 0, 0};
             for (int l = 0; l < lines.count; ++l)
-                v[l] = double(lines.in[l * lines.in_line_step + p * lines.in_step + c]);
-            x[std::ptrdiff_t(p) * kChannels + c] = v;
+                levels[l] = lines.in[l * lines.in_line_step + p * lines.in_step + c];
+            x[std::ptrdiff_t(p) * kChannels + c] = __builtin_convertvector(levels, v4d);
         }
+}
+
+// filtered_to_byte on four lanes: 0 for NaN and anything not above 0, 255
+// from 255 up, else truncated. The clamped values lie in 0..255, where the
+// vector conversion truncates exactly as the scalar cast does.
+v4i filtered_to_bytes(v4d v) {
+    const v4d capped = v < 255.0 ? v : splat(255.0);
+    const v4d kept = v > 0.0 ? capped : splat(0.0);
+    return __builtin_convertvector(kept, v4i);
 }
 
 void store_pixels(const DericheLines& lines, const v4d* y, const v4d* z) {
     for (int p = 0; p < lines.length; ++p)
         for (int c = 0; c < kChannels; ++c) {
             const std::ptrdiff_t at = std::ptrdiff_t(p) * kChannels + c;
-            const v4d sum = y[at] + z[at];
+            const v4i levels = filtered_to_bytes(y[at] + z[at]);
             for (int l = 0; l < lines.count; ++l)
-                lines.out[l * lines.out_line_step + p * lines.out_step + c] = filtered_to_byte(sum[l]);
+                lines.out[l * lines.out_line_step + p * lines.out_step + c] =
+                    static_cast<unsigned char>(levels[l]);
         }
 }
 
