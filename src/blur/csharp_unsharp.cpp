@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <vector>
 
 #include "blur/csharp_pass.h"
@@ -154,23 +155,38 @@ int CSharp::GetUnsharpMaskPreview(unsigned char* src, unsigned char* dst, int a,
     return 1;
 }
 
+namespace {
+
+// useEffect's fast path: the row pass into a scratch image that it fills
+// whole (all four bytes of every pixel, so nothing is zeroed first), then
+// the column pass, each pixel sharpened as soon as its blur is known and
+// written back into the buffer, opaque.
+void unsharp_in_place(const qtzq::CSharpPass& rows, unsigned char* buffer, float amount) {
+    const std::unique_ptr<unsigned char[]> scratch(new unsigned char[image_bytes(rows.width, rows.height)]);
+    unsigned char* const row_blur = scratch.get();
+    qtzq::blur_csharp_pass(rows, buffer, [row_blur](std::ptrdiff_t offset, const unsigned char* blurred) {
+        std::memcpy(row_blur + offset, blurred, qtzq::kBytesPerPixel);
+    });
+    qtzq::CSharpPass columns = rows;
+    columns.horizontal = false;
+    const SharpenTable table{FixedAmount(amount)};
+    qtzq::blur_csharp_pass(columns, row_blur, [&](std::ptrdiff_t offset, const unsigned char* blurred) {
+        table.apply(buffer + offset, buffer + offset, blurred);
+        buffer[offset + 3] = kOpaque;
+    });
+}
+
+}  // namespace
+
 int CSharp::useEffect(unsigned char* buffer, long width, long height, int radius, float amount) {
     if (!SetRadius(radius)) return 0;
     store_call({m_width, m_height, m_stride, m_amount, m_radius}, width, height, radius, amount);
 
-    std::vector<unsigned char> result(image_bytes(m_width, m_height));
     if (qtzq::integer_fast_paths_enabled() && m_width >= 1 && m_height >= 1) {
-        // The sharpened pixels go straight back into the buffer, opaque: the
-        // result image only holds the row pass.
-        ConvoluteDimension(buffer, result.data(), 0, true, false);
-        const SharpenTable table{FixedAmount(amount)};
-        qtzq::blur_csharp_pass({m_kernel, m_kernelSum, m_kernelSize, m_width, m_height, false},
-                               result.data(), [&](std::ptrdiff_t offset, const unsigned char* blurred) {
-                                   table.apply(buffer + offset, buffer + offset, blurred);
-                                   buffer[offset + 3] = kOpaque;
-                               });
+        unsharp_in_place({m_kernel, m_kernelSum, m_kernelSize, m_width, m_height, true}, buffer, amount);
         return 1;
     }
+    std::vector<unsigned char> result(image_bytes(m_width, m_height));
     GetUnsharpMask(buffer, result.data(), static_cast<int>(m_radius), amount, kLastArgument);
     copy_colours_opaque(result.data(), buffer, m_width, m_height);
     return 1;
