@@ -1,8 +1,7 @@
-// Presets that combine the photo with one material image of its size, pixel
-// by pixel, with one blend mode before or after a tone-curve pass.
-//
-// Every pixel goes through all of its preset's steps before the next one;
-// the material advances in step with the photo and is only read.
+// Presets that combine the photo with one material image of its size, with
+// one blend mode before or after a tone-curve pass: each a recipe for the
+// look engine. The material advances in step with the photo and is only
+// read.
 #include "qtzqeffect/styles.h"
 
 #include <utility>
