@@ -94,7 +94,7 @@ inline vi minimum(vi a, vi b) { return select(a < b, a, b); }
 
 // table[index] for every lane.
 inline vi gather(const std::int32_t* table, vi index) {
-#if defined(__AVX2__)
+#if defined(__AVX2__) && QTZQ_KERNEL_LANES == 8
     if (kLanes == 8) return (vi)_mm256_i32gather_epi32(table, (__m256i)index, 4);
 #endif
     vi out;
