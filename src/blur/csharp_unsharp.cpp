@@ -120,11 +120,38 @@ std::size_t image_bytes(int width, int height) {
     return qtzq::pixel_count(width, height) * qtzq::kBytesPerPixel;
 }
 
+// The fast paths' column pass over the row-pass blur: each pixel sharpened
+// as soon as its blur is known (orig against it) and its colours written to
+// `out`, made opaque when asked. The same bytes as blurring whole and
+// sharpening in a further sweep.
+void sharpen_in_column_pass(const qtzq::CSharpPass& columns, const unsigned char* row_blur,
+                            const unsigned char* orig, unsigned char* out, float amount,
+                            bool opaque) {
+    const SharpenTable table{FixedAmount(amount)};
+    qtzq::blur_csharp_pass(columns, row_blur, [&](std::ptrdiff_t offset, const unsigned char* blurred) {
+        table.apply(out + offset, orig + offset, blurred);
+        if (opaque) out[offset + 3] = kOpaque;
+    });
+}
+
+// useEffect's fast path: the row pass into a scratch image that it fills
+// whole (all four bytes of every pixel, so nothing is zeroed first), then
+// the column pass sharpening straight back into the buffer, opaque.
+void unsharp_in_place(const qtzq::CSharpPass& rows, unsigned char* buffer, float amount) {
+    const std::unique_ptr<unsigned char[]> scratch(new unsigned char[image_bytes(rows.width, rows.height)]);
+    unsigned char* const row_blur = scratch.get();
+    qtzq::blur_csharp_pass(rows, buffer, [row_blur](std::ptrdiff_t offset, const unsigned char* blurred) {
+        std::memcpy(row_blur + offset, blurred, qtzq::kBytesPerPixel);
+    });
+    qtzq::CSharpPass columns = rows;
+    columns.horizontal = false;
+    sharpen_in_column_pass(columns, row_blur, buffer, buffer, amount, true);
+}
+
 }  // namespace
 
 // The fast path runs the row pass into dst and sharpens during the column
-// pass, each pixel as soon as its blur is known: the same bytes as blurring
-// dst whole and sharpening it in a further sweep.
+// pass; dst's alpha is left as it was.
 int CSharp::GetUnsharpMask(unsigned char* src, unsigned char* dst, int a, float amount, int b) {
     if (!qtzq::integer_fast_paths_enabled() || m_kernelSize < 2 || m_width < 1 || m_height < 1) {
         GetBlur(src, dst, a, b, false);
@@ -132,11 +159,8 @@ int CSharp::GetUnsharpMask(unsigned char* src, unsigned char* dst, int a, float 
         return 1;
     }
     ConvoluteDimension(src, dst, a, true, false);
-    const SharpenTable table{FixedAmount(amount)};
-    qtzq::blur_csharp_pass({m_kernel, m_kernelSum, m_kernelSize, m_width, m_height, false}, dst,
-                           [&](std::ptrdiff_t offset, const unsigned char* blurred) {
-                               table.apply(dst + offset, src + offset, blurred);
-                           });
+    sharpen_in_column_pass({m_kernel, m_kernelSum, m_kernelSize, m_width, m_height, false}, dst, src,
+                           dst, amount, false);
     return 1;
 }
 
@@ -154,29 +178,6 @@ int CSharp::GetUnsharpMaskPreview(unsigned char* src, unsigned char* dst, int a,
     sharpen_against_blur(src, dst, m_width, m_height, amount);
     return 1;
 }
-
-namespace {
-
-// useEffect's fast path: the row pass into a scratch image that it fills
-// whole (all four bytes of every pixel, so nothing is zeroed first), then
-// the column pass, each pixel sharpened as soon as its blur is known and
-// written back into the buffer, opaque.
-void unsharp_in_place(const qtzq::CSharpPass& rows, unsigned char* buffer, float amount) {
-    const std::unique_ptr<unsigned char[]> scratch(new unsigned char[image_bytes(rows.width, rows.height)]);
-    unsigned char* const row_blur = scratch.get();
-    qtzq::blur_csharp_pass(rows, buffer, [row_blur](std::ptrdiff_t offset, const unsigned char* blurred) {
-        std::memcpy(row_blur + offset, blurred, qtzq::kBytesPerPixel);
-    });
-    qtzq::CSharpPass columns = rows;
-    columns.horizontal = false;
-    const SharpenTable table{FixedAmount(amount)};
-    qtzq::blur_csharp_pass(columns, row_blur, [&](std::ptrdiff_t offset, const unsigned char* blurred) {
-        table.apply(buffer + offset, buffer + offset, blurred);
-        buffer[offset + 3] = kOpaque;
-    });
-}
-
-}  // namespace
 
 int CSharp::useEffect(unsigned char* buffer, long width, long height, int radius, float amount) {
     if (!SetRadius(radius)) return 0;

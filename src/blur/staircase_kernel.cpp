@@ -5,7 +5,7 @@
 
 namespace qtzq {
 
-StaircaseKernel::StaircaseKernel(const int* weights, int taps) : taps_(taps), cumulative_(1, 0) {
+StaircaseKernel::StaircaseKernel(const int* weights, int taps) : cumulative_(1, 0) {
     std::vector<std::uint32_t> levels;
     for (int i = 0; i < taps; ++i) {
         const auto w = static_cast<std::uint32_t>(weights[i]);

@@ -28,7 +28,6 @@ public:
     // Weights must not be negative.
     StaircaseKernel(const int* weights, int taps);
 
-    int taps() const { return taps_; }
 
     // Boxes that stacked give the weights: level by level, the stretches of
     // taps at least as heavy as the level, each as high as the step up to
@@ -41,7 +40,6 @@ public:
     std::uint32_t weight_sum(int begin, int end) const { return cumulative_[end] - cumulative_[begin]; }
 
 private:
-    int taps_;
     std::vector<WeightBox> boxes_;
     std::vector<std::uint32_t> cumulative_;
 };

@@ -1,7 +1,6 @@
 // Exported saturation adjustments: matrix, HSL shift and YUV chroma scale.
 #include "qtzqeffect/pixel.h"
 
-#include "pixel/hsl_shift.h"
 #include "pixel/image_walk.h"
 #include "pixel/saturation_kernels.h"
 #include "pixel/saturation_spans.h"

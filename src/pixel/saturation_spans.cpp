@@ -7,6 +7,7 @@
 
 #include "pixel/image_walk.h"
 #include "pixel/saturation_kernels.h"
+#include "pixel/vector/hsl_shift.h"
 #include "pixel/vector/saturation_vectors.h"
 #include "simd/vector_unit.h"
 
@@ -37,6 +38,15 @@ void saturation_matrix_span(unsigned char* px, std::size_t count, const int* mat
         return portable::saturation_matrix_pixels(px, count, matrix);
     }
     for (std::size_t i = 0; i < count; ++i) apply_saturation_matrix(px + i * kBytesPerPixel, matrix);
+}
+
+void shift_hsl_saturation_span(unsigned char* px, std::size_t count, const unsigned char* table) {
+#if defined(QTZQ_X86_KERNELS)
+    const VectorUnit unit = active_vector_unit();
+    if (unit == VectorUnit::kAvx2) return avx2::shift_hsl_saturation_span(px, count, table);
+    if (unit == VectorUnit::kSse2) return sse2::shift_hsl_saturation_span(px, count, table);
+#endif
+    for (std::size_t i = 0; i < count; ++i) shift_hsl_saturation(px + i * kBytesPerPixel, table);
 }
 
 void yuv_chroma_span(unsigned char* px, std::size_t count, const unsigned char* table) {

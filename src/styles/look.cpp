@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <utility>
 
 #include "simd/vector_unit.h"
 
@@ -78,8 +79,8 @@ struct Look::Compiled {
 
     enum class Kind { kMaps, kPairs, kBlend, kSpan };
     struct Op {
-        Kind kind;
-        ChannelMaps maps;
+        Kind kind = Kind::kMaps;
+        ChannelMaps maps{};
         std::vector<unsigned char> pairs;  // [channel][a * 256 + b], or one table for all
         bool shared = false;               // one table serves all three channels
         int material = 0;
@@ -111,7 +112,9 @@ struct Look::Compiled {
                     entry = maps.map[c][entry];
                 }
         } else {
-            ops.push_back({Kind::kMaps, maps, {}, false, 0, nullptr, nullptr});
+            Op op;
+            op.maps = maps;
+            ops.push_back(std::move(op));
         }
     }
 
@@ -135,12 +138,31 @@ struct Look::Compiled {
     // A material blend as a table of pairs, one for all channels when the
     // blend treats them alike.
     static Op pairs_op(const ChannelBlend& blend, int material) {
-        Op op{Kind::kPairs, ChannelMaps{}, tabulate_pairs(blend), false, material, nullptr, nullptr};
+        Op op;
+        op.kind = Kind::kPairs;
+        op.pairs = tabulate_pairs(blend);
+        op.material = material;
         const unsigned char* first = op.pairs.data();
         op.shared = std::memcmp(first, first + kPairsPerChannel, kPairsPerChannel) == 0 &&
                     std::memcmp(first, first + 2 * kPairsPerChannel, kPairsPerChannel) == 0;
         if (op.shared) op.pairs.resize(kPairsPerChannel);
         return op;
+    }
+
+    // A material blend called pixel by pixel.
+    void add_blend(const ChannelBlend& blend, int material) {
+        Op op;
+        op.kind = Kind::kBlend;
+        op.blend = &blend;
+        op.material = material;
+        ops.push_back(std::move(op));
+    }
+
+    void add_span(const SpanStep& span) {
+        Op op;
+        op.kind = Kind::kSpan;
+        op.span = &span;
+        ops.push_back(std::move(op));
     }
 
     void run(unsigned char* pixels, const Materials& materials, std::size_t count) const {
@@ -256,12 +278,11 @@ void Look::run_folded(unsigned char* image, std::size_t count,
     Compiled compiled;
     for (const Step& step : steps_) {
         if (step.span) {
-            compiled.ops.push_back({Compiled::Kind::kSpan, ChannelMaps{}, {}, false, 0, &step.span, nullptr});
+            compiled.add_span(step.span);
             continue;
         }
         if (step.operand == Operand::kMaterial && count < pair_tables_from_) {
-            compiled.ops.push_back(
-                {Compiled::Kind::kBlend, ChannelMaps{}, {}, false, step.material, nullptr, &step.blend});
+            compiled.add_blend(step.blend, step.material);
             continue;
         }
         switch (step.operand) {

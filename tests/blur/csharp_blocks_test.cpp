@@ -14,6 +14,7 @@
 #include "blur/exact_divider.h"
 #include "blur_test_support.h"
 #include "simd/vector_unit.h"
+#include "support/vector_units.h"
 
 using namespace qtzq_test;
 
@@ -65,7 +66,7 @@ TEST(CSharpBlocks, EqualTheTapByTapReference) {
                     const int radius = kRadii[(case_number + pick * 3) % std::size(kRadii)];
                     const Bytes reference = blurred(entry, w, h, radius, qtzq::VectorUnit::kScalar);
                     // The portable kernel, and AVX2's where the CPU has it.
-                    for (auto unit : {qtzq::VectorUnit::kSse2, qtzq::VectorUnit::kAvx2})
+                    for (qtzq::VectorUnit unit : fast_path_limits())
                         ASSERT_EQ(blurred(entry, w, h, radius, unit), reference)
                             << entry.name << " " << w << "x" << h << " radius " << radius
                             << " unit " << int(unit);

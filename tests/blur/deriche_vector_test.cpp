@@ -14,6 +14,7 @@
 
 #include "blur_test_support.h"
 #include "simd/vector_unit.h"
+#include "support/vector_units.h"
 
 using namespace qtzq_test;
 
@@ -81,14 +82,6 @@ Bytes filtered(const Entry& entry, int w, int h, double radius, qtzq::VectorUnit
     return image;
 }
 
-// Every vector unit this CPU can run.
-std::vector<qtzq::VectorUnit> vector_units() {
-    std::vector<qtzq::VectorUnit> units;
-    for (auto unit : {qtzq::VectorUnit::kSse2, qtzq::VectorUnit::kAvx2})
-        if (unit <= qtzq::detected_vector_unit()) units.push_back(unit);
-    return units;
-}
-
 TEST(DericheVector, EqualsTheScalarReference) {
     int case_number = 0;
     for (const Entry& entry : kEntries)
@@ -99,7 +92,7 @@ TEST(DericheVector, EqualsTheScalarReference) {
                     const double radius = kRadii[(case_number + pick * 3) % std::size(kRadii)];
                     const Bytes scalar =
                         filtered(entry, w, h, radius, qtzq::VectorUnit::kScalar);
-                    for (qtzq::VectorUnit unit : vector_units())
+                    for (qtzq::VectorUnit unit : vector_unit_limits())
                         ASSERT_EQ(filtered(entry, w, h, radius, unit), scalar)
                             << entry.name << " " << w << "x" << h << " radius " << radius
                             << " unit " << int(unit);

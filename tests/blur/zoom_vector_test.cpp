@@ -12,6 +12,7 @@
 #include "blur/zoom_taps.h"
 #include "blur_test_support.h"
 #include "simd/vector_unit.h"
+#include "support/vector_units.h"
 
 using namespace qtzq_test;
 
@@ -33,9 +34,9 @@ Bytes zoomed(int w, int h, std::uint32_t seed, qtzq::VectorUnit unit) {
 
 void expect_fast_paths_equal_reference(Size size, std::uint32_t seed) {
     const Bytes reference = zoomed(size.width, size.height, seed, qtzq::VectorUnit::kScalar);
-    // A limit above the CPU's unit leaves the CPU's: on every CPU the plain
-    // strips run under one of these, and on x86-64 with AVX2 both paths do.
-    for (qtzq::VectorUnit unit : {qtzq::VectorUnit::kSse2, qtzq::VectorUnit::kAvx2})
+    // On every CPU the plain strips run under one of these, and on x86-64
+    // with AVX2 both paths do.
+    for (qtzq::VectorUnit unit : fast_path_limits())
         ASSERT_EQ(zoomed(size.width, size.height, seed, unit), reference)
             << size.width << "x" << size.height << " unit " << int(unit);
 }

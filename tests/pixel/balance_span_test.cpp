@@ -13,6 +13,7 @@
 
 #include "pixel/colour_balance_curves.h"
 #include "simd/vector_unit.h"
+#include "support/vector_units.h"
 
 namespace {
 
@@ -40,8 +41,6 @@ const qtzq::ColourBalanceSetting kSettings[] = {
     {qtzq::kShadows, 100, -100, 50},
     {qtzq::kHighlights, -60, 80, -100},
 };
-
-const qtzq::VectorUnit kFastUnits[] = {qtzq::VectorUnit::kSse2, qtzq::VectorUnit::kAvx2};
 
 // Colour c of the sample as red c >> 16, green c >> 8, blue c; alpha varies.
 // Greys and the corners of the cube come first.
@@ -81,7 +80,7 @@ TEST(BalanceKeepLightnessSpan, EveryColourAsTheReference) {
     for (const qtzq::ColourBalanceSetting& setting : kSettings) {
         const qtzq::RgbCurves curves = qtzq::colour_balance_curves(setting);
         const Bytes reference = balanced(colours, curves, 0, count, qtzq::VectorUnit::kScalar);
-        for (qtzq::VectorUnit unit : kFastUnits) {
+        for (qtzq::VectorUnit unit : qtzq_test::fast_path_limits()) {
             const Bytes fast = balanced(colours, curves, 0, count, unit);
             const std::size_t same =
                 std::mismatch(fast.begin(), fast.end(), reference.begin()).first - fast.begin();
@@ -103,7 +102,7 @@ TEST(BalanceKeepLightnessSpan, SpanLengthsAroundTheBlocksTouchOnlyTheirPixels) {
                 ASSERT_EQ(reference[i], around[i]) << count << " " << i;
             }
         }
-        for (qtzq::VectorUnit unit : kFastUnits)
+        for (qtzq::VectorUnit unit : qtzq_test::fast_path_limits())
             EXPECT_EQ(balanced(around, curves, 1, count, unit), reference)
                 << count << " unit " << int(unit);
     }

@@ -10,9 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "pixel/hsl_shift.h"
 #include "pixel/saturation_kernels.h"
+#include "pixel/saturation_spans.h"
 #include "simd/vector_unit.h"
+#include "support/vector_units.h"
 
 namespace {
 
@@ -37,13 +38,6 @@ constexpr std::size_t kChunkPixels = 1u << 20;
 
 using Bytes = std::vector<unsigned char>;
 using Table = std::vector<unsigned char>;
-
-std::vector<qtzq::VectorUnit> vector_units() {
-    std::vector<qtzq::VectorUnit> units;
-    for (auto unit : {qtzq::VectorUnit::kSse2, qtzq::VectorUnit::kAvx2})
-        if (unit <= qtzq::detected_vector_unit()) units.push_back(unit);
-    return units;
-}
 
 Table amount_table(long amount) {
     Table table(256);
@@ -99,7 +93,7 @@ bool alphas_kept(const Bytes& input, const Bytes& output) {
 void expect_vector_equals_scalar(const Bytes& input, const Table& table, const char* name) {
     const Bytes scalar = shifted(input, table, qtzq::VectorUnit::kScalar);
     ASSERT_TRUE(alphas_kept(input, scalar)) << name;
-    for (qtzq::VectorUnit unit : vector_units()) {
+    for (qtzq::VectorUnit unit : qtzq_test::vector_unit_limits()) {
         const Bytes vector = shifted(input, table, unit);
         ASSERT_EQ(first_difference(input, vector, scalar), "")
             << name << ", unit " << int(unit) << ", " << input.size() / 4 << " pixels";

@@ -13,6 +13,7 @@
 #include "pixel/saturation_spans.h"
 #include "pixel/vector/saturation_vectors.h"
 #include "simd/vector_unit.h"
+#include "support/vector_units.h"
 
 namespace {
 
@@ -51,7 +52,7 @@ Bytes run(Bytes image, std::size_t first, std::size_t count, const Span& span, q
 void expect_fast_equals_reference(const Bytes& image, const Span& span, const char* name) {
     const Bytes reference = run(image, 0, image.size() / 4, span, qtzq::VectorUnit::kScalar);
     for (std::size_t k = 3; k < image.size(); k += 4) ASSERT_EQ(reference[k], image[k]) << name;
-    for (qtzq::VectorUnit unit : {qtzq::VectorUnit::kSse2, qtzq::VectorUnit::kAvx2}) {
+    for (qtzq::VectorUnit unit : qtzq_test::fast_path_limits()) {
         SCOPED_TRACE(testing::Message() << name << ", unit " << int(unit));
         EXPECT_TRUE(run(image, 0, image.size() / 4, span, unit) == reference);
         const Bytes strip(image.begin() + 4 * 1000, image.begin() + 4 * 1020);

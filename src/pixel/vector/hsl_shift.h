@@ -1,6 +1,7 @@
 // The HSL saturation shift (byte HSL form 1, saturation through a table) on
 // vector units, a lane per pixel. One kernel source (hsl_shift_kernel.h)
-// compiled once per instruction set; pixel/hsl_shift.cpp picks the one to run.
+// compiled once per instruction set; pixel/saturation_spans.cpp picks the one
+// to run.
 #ifndef QTZQ_PIXEL_VECTOR_HSL_SHIFT_H
 #define QTZQ_PIXEL_VECTOR_HSL_SHIFT_H
 
