@@ -50,18 +50,32 @@ ChannelMaps tabulate_maps(const ChannelBlend& blend, const unsigned char* operan
 }
 
 // A channel blend against a material: entry [c][a * 256 + b] is channel c
-// of the blend of (a, a, a) with (b, b, b).
-std::vector<unsigned char> tabulate_pairs(const ChannelBlend& blend) {
+// of the blend of (a, a, a) with (b, b, b) of the given alpha.
+std::vector<unsigned char> tabulate_pairs(const ChannelBlend& blend, unsigned char alpha = 0) {
     std::vector<unsigned char> pairs(kChannels * kPairsPerChannel);
     for (int a = 0; a < 256; ++a)
         for (int b = 0; b < 256; ++b) {
             const auto base = static_cast<unsigned char>(a), other = static_cast<unsigned char>(b);
             unsigned char pixel[4] = {base, base, base, 0};
-            const unsigned char operand[4] = {other, other, other, 0};
+            const unsigned char operand[4] = {other, other, other, alpha};
             blend(pixel, operand);
             for (int c = 0; c < kChannels; ++c) pairs[c * kPairsPerChannel + a * 256 + b] = pixel[c];
         }
     return pairs;
+}
+
+// Whether the three channels' tables of tabulate_pairs are the same.
+bool channels_alike(const std::vector<unsigned char>& pairs) {
+    const unsigned char* first = pairs.data();
+    return std::memcmp(first, first + kPairsPerChannel, kPairsPerChannel) == 0 &&
+           std::memcmp(first, first + 2 * kPairsPerChannel, kPairsPerChannel) == 0;
+}
+
+// Pixels of each alpha among the first `count` pixels of a material.
+std::array<std::size_t, 256> alpha_counts(const unsigned char* material, std::size_t count) {
+    std::array<std::size_t, 256> counts{};
+    for (std::size_t i = 0; i < count; ++i) ++counts[material[i * kBytesPerPixel + 3]];
+    return counts;
 }
 
 }  // namespace
@@ -77,15 +91,22 @@ struct Look::Compiled {
                std::memcmp(maps.map[0], maps.map[2], 256) == 0;
     }
 
-    enum class Kind { kMaps, kPairs, kBlend, kSpan };
+    enum class Kind { kMaps, kPairs, kBlend, kKernel, kAlphaKeyed, kSpan };
+    // A table of pairs for one alpha of the material (empty: none).
+    struct KeyedTable {
+        std::vector<unsigned char> pairs;
+        bool shared = false;
+    };
     struct Op {
         Kind kind = Kind::kMaps;
-        ChannelMaps maps{};
+        ChannelMaps maps{};  // kMaps; kAlphaKeyed: the maps before the blend
         std::vector<unsigned char> pairs;  // [channel][a * 256 + b], or one table for all
         bool shared = false;               // one table serves all three channels
         int material = 0;
         const SpanStep* span = nullptr;
         const ChannelBlend* blend = nullptr;  // a material blend called pixel by pixel
+        MaterialKernel kernel = nullptr;
+        std::vector<KeyedTable> keyed;  // [alpha] for kAlphaKeyed
     };
     std::vector<Op> ops;
 
@@ -142,11 +163,42 @@ struct Look::Compiled {
         op.kind = Kind::kPairs;
         op.pairs = tabulate_pairs(blend);
         op.material = material;
-        const unsigned char* first = op.pairs.data();
-        op.shared = std::memcmp(first, first + kPairsPerChannel, kPairsPerChannel) == 0 &&
-                    std::memcmp(first, first + 2 * kPairsPerChannel, kPairsPerChannel) == 0;
+        op.shared = channels_alike(op.pairs);
         if (op.shared) op.pairs.resize(kPairsPerChannel);
         return op;
+    }
+
+    // A blend that also reads the material's alpha: a table for each alpha
+    // held by enough pixels to repay the table's 65536 calls of the blend,
+    // the other pixels blended one by one. At most one table per 65536
+    // pixels, so together they stay below 3 bytes per pixel. Maps just
+    // before it go into the tables (and before the blend of the others).
+    void add_alpha_keyed(const ChannelBlend& blend, int material, const unsigned char* pixels,
+                         std::size_t count) {
+        Op op;
+        op.kind = Kind::kAlphaKeyed;
+        op.blend = &blend;
+        op.material = material;
+        op.maps = ChannelMaps::identity();
+        if (!ops.empty() && ops.back().kind == Kind::kMaps) {
+            op.maps = ops.back().maps;
+            ops.pop_back();
+        }
+        const ChannelMaps& before = op.maps;
+        const ChannelBlend mapped_blend = [&](unsigned char* px, const unsigned char* m) {
+            before.apply(px);
+            blend(px, m);
+        };
+        op.keyed.resize(256);
+        const std::array<std::size_t, 256> counts = alpha_counts(pixels, count);
+        for (int alpha = 0; alpha < 256; ++alpha) {
+            if (counts[alpha] < kPairsPerChannel) continue;
+            KeyedTable& table = op.keyed[alpha];
+            table.pairs = tabulate_pairs(mapped_blend, static_cast<unsigned char>(alpha));
+            table.shared = channels_alike(table.pairs);
+            if (table.shared) table.pairs.resize(kPairsPerChannel);
+        }
+        ops.push_back(std::move(op));
     }
 
     // A material blend called pixel by pixel.
@@ -158,11 +210,49 @@ struct Look::Compiled {
         ops.push_back(std::move(op));
     }
 
+    // A material blend run by its span kernel.
+    void add_kernel(MaterialKernel kernel, int material) {
+        Op op;
+        op.kind = Kind::kKernel;
+        op.kernel = kernel;
+        op.material = material;
+        ops.push_back(std::move(op));
+    }
+
     void add_span(const SpanStep& span) {
         Op op;
         op.kind = Kind::kSpan;
         op.span = &span;
         ops.push_back(std::move(op));
+    }
+
+    static void run_alpha_keyed(const Op& op, unsigned char* pixels, const unsigned char* m,
+                                std::size_t count) {
+        // The tables' addresses in locals: the byte stores below may alias
+        // anything else, which would reload them for every pixel.
+        const unsigned char* tables[256];
+        std::size_t steps[256];
+        for (int alpha = 0; alpha < 256; ++alpha) {
+            const KeyedTable& table = op.keyed[alpha];
+            tables[alpha] = table.pairs.empty() ? nullptr : table.pairs.data();
+            steps[alpha] = table.shared ? 0 : kPairsPerChannel;
+        }
+        for (std::size_t i = 0; i < count * kBytesPerPixel; i += kBytesPerPixel) {
+            const unsigned char alpha = m[i + 3];
+            const unsigned char* table = tables[alpha];
+            if (table == nullptr) {
+                op.maps.apply(pixels + i);
+                (*op.blend)(pixels + i, m + i);
+                continue;
+            }
+            const std::size_t step = steps[alpha];
+            const unsigned char blue = table[pixels[i] * 256u + m[i]];
+            const unsigned char green = table[step + pixels[i + 1] * 256u + m[i + 1]];
+            const unsigned char red = table[2 * step + pixels[i + 2] * 256u + m[i + 2]];
+            pixels[i] = blue;
+            pixels[i + 1] = green;
+            pixels[i + 2] = red;
+        }
     }
 
     void run(unsigned char* pixels, const Materials& materials, std::size_t count) const {
@@ -194,6 +284,12 @@ struct Look::Compiled {
                         (*op.blend)(pixels + i, m + i);
                     break;
                 }
+                case Kind::kAlphaKeyed:
+                    run_alpha_keyed(op, pixels, materials[op.material], count);
+                    break;
+                case Kind::kKernel:
+                    op.kernel(pixels, materials[op.material], count);
+                    break;
                 case Kind::kSpan:
                     (*op.span)(pixels, materials.data(), count);
                     break;
@@ -219,6 +315,18 @@ Look& Look::blend_self(ChannelBlend blend) {
 
 Look& Look::blend_material(int material, ChannelBlend blend) {
     return add_blend(Operand::kMaterial, nullptr, material, std::move(blend));
+}
+
+Look& Look::blend_material(int material, ChannelBlend blend, MaterialKernel kernel) {
+    add_blend(Operand::kMaterial, nullptr, material, std::move(blend));
+    steps_.back().kernel = kernel;
+    return *this;
+}
+
+Look& Look::blend_material_by_alpha(int material, ChannelBlend blend) {
+    add_blend(Operand::kMaterial, nullptr, material, std::move(blend));
+    steps_.back().by_alpha = true;
+    return *this;
 }
 
 Look& Look::add_blend(Operand operand, const unsigned char* colour, int material, ChannelBlend blend) {
@@ -279,6 +387,14 @@ void Look::run_folded(unsigned char* image, std::size_t count,
     for (const Step& step : steps_) {
         if (step.span) {
             compiled.add_span(step.span);
+            continue;
+        }
+        if (step.by_alpha && count >= pair_tables_from_) {
+            compiled.add_alpha_keyed(step.blend, step.material, materials[step.material], count);
+            continue;
+        }
+        if (step.kernel != nullptr) {
+            compiled.add_kernel(step.kernel, step.material);
             continue;
         }
         if (step.operand == Operand::kMaterial && count < pair_tables_from_) {

@@ -16,6 +16,10 @@
 //   becomes maps; against a material, a 256 x 256 table per channel into
 //   which the maps just before and after it fold. Blends that mix channels
 //   (the colour modes, anything reading alpha) are not channel blends.
+//   A material blend may also read the material's alpha: then it gets a
+//   table for each alpha that enough pixels of the material hold.
+//   A material blend may come with a span kernel that gives its bytes
+//   (tested to); the sweep then runs the kernel instead of a table.
 // - a span step: anything else, run on a strip of pixels at a time.
 // Tables are filled by the steps' own functions, so the folded recipe gives
 // the bytes of the steps run one after the other. The photo is swept once,
@@ -42,6 +46,9 @@ using ChannelBlend = std::function<void(unsigned char* pixel, const unsigned cha
 // materials[k] points at the same pixel of material k.
 using SpanStep =
     std::function<void(unsigned char* pixels, const unsigned char* const* materials, std::size_t count)>;
+
+// pixels[i] = blend of (pixels[i], material[i]) for `count` pixels.
+using MaterialKernel = void (*)(unsigned char* pixels, const unsigned char* material, std::size_t count);
 
 // fn(pixel) for every pixel of a span.
 template <typename Fn>
@@ -76,6 +83,10 @@ public:
     Look& blend_constant(const unsigned char* colour, ChannelBlend blend);
     Look& blend_self(ChannelBlend blend);
     Look& blend_material(int material, ChannelBlend blend);
+    // A blend of the channels that also reads the material pixel's alpha.
+    Look& blend_material_by_alpha(int material, ChannelBlend blend);
+    // The blend, with a kernel that gives its bytes on whole spans.
+    Look& blend_material(int material, ChannelBlend blend, MaterialKernel kernel);
     Look& span(SpanStep step);
 
     // Photos of at least this many pixels get material blends as tables
@@ -102,6 +113,8 @@ private:
         const unsigned char* colour = nullptr;
         int material = 0;
         ChannelBlend blend;
+        MaterialKernel kernel = nullptr;
+        bool by_alpha = false;  // the blend reads the material's alpha
         SpanStep span;
     };
     struct Compiled;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "pixel/blend_kernels.h"
+#include "pixel/soft_light_span.h"
 #include "styles/look.h"
 
 using qtzq::Look;
@@ -78,18 +79,17 @@ void StyleBrightRed(unsigned char* image, unsigned char* material, int width, in
 
 void StyleLomoStar(unsigned char* image, unsigned char* material, int width, int height) {
     Look()
-        .blend_material(0, [](unsigned char* px, const unsigned char* m) {
-            qtzq::soft_light_ex(px, m, kFullOpacity);
-        })
+        .blend_material(
+            0, [](unsigned char* px, const unsigned char* m) { qtzq::soft_light_ex(px, m, kFullOpacity); },
+            qtzq::soft_light_span)
         .run(image, width, height, {material});
 }
 
 void StyleReverse(unsigned char* image, unsigned char* material, int width, int height) {
-    // The soft light's strength comes from the material's alpha: not a
-    // channel blend.
+    // The soft light's strength comes from the material's alpha.
     Look()
         .curves(RgbCurves::from_store(21, 22, 23))
-        .span(qtzq::each_pixel_with(0, soft_light_by_alpha))
+        .blend_material_by_alpha(0, soft_light_by_alpha)
         .run(image, width, height, {material});
 }
 

@@ -5,6 +5,7 @@
 #include "qtzqeffect/styles.h"
 
 #include "pixel/blend_kernels.h"
+#include "pixel/soft_light_span.h"
 #include "pixel/tone_tables.h"
 #include "styles/look.h"
 
@@ -65,8 +66,8 @@ void StyleFenHongJiaRen(unsigned char* image, unsigned char* material1, unsigned
                         unsigned char* material3, int width, int height) {
     Look look;
     for (int k = 0; k < 3; ++k)
-        look.blend_material(k, [](unsigned char* px, const unsigned char* m) {
-            composite_color_ex(px, m, kFullOpacity);
-        });
+        look.blend_material(
+            k, [](unsigned char* px, const unsigned char* m) { composite_color_ex(px, m, kFullOpacity); },
+            qtzq::soft_light_span);
     look.run(image, width, height, {material1, material2, material3});
 }

@@ -12,6 +12,7 @@
 
 #include "facade/effect_catalogue.h"
 #include "pixel/blend_kernels.h"
+#include "pixel/soft_light_span.h"
 #include "styles/blend_tables.h"
 #include "simd/vector_unit.h"
 #include "styles/look.h"
@@ -35,7 +36,7 @@ ChannelMaps random_maps(std::mt19937& random) {
 
 // One step of every kind the engine knows, each with real blend kernels:
 // channel blends against a constant, the pixel itself and a material
-// (one treating its channels differently), and span steps that mix
+// (one treating its channels differently, one with a span kernel), and span steps that mix
 // channels or walk the materials.
 using AddStep = std::function<void(Look&, std::mt19937&)>;
 const AddStep kSteps[] = {
@@ -63,9 +64,19 @@ const AddStep kSteps[] = {
             qtzq::hardlight_ex_2(px, m, 0.7);
         });
     },
+    [](Look& look, std::mt19937& random) {
+        look.blend_material(
+            int(random() % 3), [](unsigned char* px, const unsigned char* m) { qtzq::soft_light_ex(px, m, 1.0); },
+            qtzq::soft_light_span);
+    },
     [](Look& look, std::mt19937&) { look.span(qtzq::saturation_step(-35, 1)); },
     [](Look& look, std::mt19937&) {
         look.span(qtzq::each_pixel([](unsigned char* px) { qtzq::color_ex(px, kColour, 0.8); }));
+    },
+    [](Look& look, std::mt19937& random) {
+        look.blend_material_by_alpha(int(random() % 3), [](unsigned char* px, const unsigned char* m) {
+            qtzq::soft_light_ex(px, m, m[3] / 255.0);
+        });
     },
     [](Look& look, std::mt19937& random) {
         look.span(qtzq::each_pixel_with(int(random() % 3), [](unsigned char* px, const unsigned char* m) {
@@ -128,8 +139,13 @@ namespace {
 TEST(Look, EveryMaterialLookOnALargePhotoEqualsItsSteps) {
     constexpr int kSide = 512;  // kSide * kSide == Look::kPairTablesFrom
     static_assert(std::size_t(kSide) * kSide == Look::kPairTablesFrom, "tables on");
-    const Bytes photo = noise(kSide, kSide, 3), m1 = noise(kSide, kSide, 4), m2 = noise(kSide, kSide, 5),
-                m3 = noise(kSide, kSide, 6), tables = noise(qtzq::kBlendTableSetSize, 1, 7);
+    const Bytes photo = noise(kSide, kSide, 3), m2 = noise(kSide, kSide, 5), m3 = noise(kSide, kSide, 6),
+                tables = noise(qtzq::kBlendTableSetSize, 1, 7);
+    // Three quarters of the first material share one alpha, enough for a
+    // table of blends keyed by it; the rest keep theirs.
+    Bytes m1 = noise(kSide, kSide, 4);
+    for (std::size_t k = 0; k < m1.size() / 4; ++k)
+        if (k % 4 != 0) m1[4 * k + 3] = 200;
     const auto run = [&](const std::function<void(unsigned char*, unsigned char**)>& preset, bool fast) {
         Bytes image = photo, a = m1, b = m2, c = m3, t = tables;
         unsigned char* materials[] = {a.data(), b.data(), c.data(), t.data()};

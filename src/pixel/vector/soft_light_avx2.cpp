@@ -1,0 +1,5 @@
+// The soft light kernel for AVX2 (compiled with -mavx2 and nothing else);
+// run only on CPUs that report AVX2.
+#define QTZQ_KERNEL_SET avx2
+#define QTZQ_KERNEL_VECTOR_BYTES 32
+#include "pixel/vector/soft_light_kernel.h"
