@@ -28,6 +28,10 @@ Kernels kernels() {
     if (active_vector_unit() == VectorUnit::kAvx2)
         return {avx2::fill_csharp_prefix, avx2::blur_csharp_middle};
 #endif
+#if defined(QTZQ_NEON_KERNELS)
+    if (active_vector_unit() == VectorUnit::kNeon)
+        return {neon::fill_csharp_prefix, neon::blur_csharp_middle};
+#endif
     return {portable::fill_csharp_prefix, portable::blur_csharp_middle};
 }
 

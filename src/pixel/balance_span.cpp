@@ -16,6 +16,9 @@ Kernel kernel() {
 #if defined(QTZQ_X86_KERNELS)
     if (active_vector_unit() == VectorUnit::kAvx2) return avx2::balance_keep_lightness;
 #endif
+#if defined(QTZQ_NEON_KERNELS)
+    if (active_vector_unit() == VectorUnit::kNeon) return neon::balance_keep_lightness;
+#endif
     return portable::balance_keep_lightness;
 }
 

@@ -35,6 +35,9 @@ void saturation_matrix_span(unsigned char* px, std::size_t count, const int* mat
         if (active_vector_unit() == VectorUnit::kAvx2)
             return avx2::saturation_matrix_pixels(px, count, matrix);
 #endif
+#if defined(QTZQ_NEON_KERNELS)
+        if (active_vector_unit() == VectorUnit::kNeon) return neon::saturation_matrix_pixels(px, count, matrix);
+#endif
         return portable::saturation_matrix_pixels(px, count, matrix);
     }
     for (std::size_t i = 0; i < count; ++i) apply_saturation_matrix(px + i * kBytesPerPixel, matrix);

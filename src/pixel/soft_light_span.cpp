@@ -15,6 +15,9 @@ void soft_light_span(unsigned char* pixels, const unsigned char* blend, std::siz
 #if defined(QTZQ_X86_KERNELS)
         if (active_vector_unit() == VectorUnit::kAvx2) return avx2::soft_light_pixels(pixels, blend, count);
 #endif
+#if defined(QTZQ_NEON_KERNELS)
+        if (active_vector_unit() == VectorUnit::kNeon) return neon::soft_light_pixels(pixels, blend, count);
+#endif
         return portable::soft_light_pixels(pixels, blend, count);
     }
     for (std::size_t i = 0; i < count * kBytesPerPixel; i += kBytesPerPixel)

@@ -2,6 +2,11 @@
 
 #include <atomic>
 
+#if defined(QTZQ_NEON_KERNELS)
+#include <asm/hwcap.h>
+#include <sys/auxv.h>
+#endif
+
 namespace qtzq {
 namespace {
 
@@ -11,6 +16,8 @@ VectorUnit ask_cpu() {
 #if defined(QTZQ_X86_KERNELS)
     __builtin_cpu_init();
     return __builtin_cpu_supports("avx2") ? VectorUnit::kAvx2 : VectorUnit::kSse2;
+#elif defined(QTZQ_NEON_KERNELS)
+    return (getauxval(AT_HWCAP) & HWCAP_NEON) != 0 ? VectorUnit::kNeon : VectorUnit::kScalar;
 #else
     return VectorUnit::kScalar;
 #endif

@@ -6,10 +6,17 @@
 
 namespace qtzq {
 
-enum class VectorUnit { kScalar, kSse2, kAvx2 };
+// Ordered by rank: a limit admits its own unit and those before it. kSse2
+// also stands for the baseline of any build (the portable integer kernels,
+// whatever the compiler makes of them without further instruction sets).
+// NEON ranks between SSE2 and AVX2 and is only ever detected on 32-bit ARM,
+// where it runs the integer kernels alone (its float unit flushes
+// denormals, so floating-point kernels stay scalar there).
+enum class VectorUnit { kScalar, kSse2, kNeon, kAvx2 };
 
 // The best unit this CPU offers that the library has kernels for: on x86-64
-// SSE2 always and AVX2 when present; on every other CPU the scalar path.
+// SSE2 always and AVX2 when present; on 32-bit ARM NEON when the CPU
+// reports it; otherwise the scalar path.
 // Asked of the CPU once; safe to call from any thread.
 VectorUnit detected_vector_unit();
 

@@ -2,7 +2,7 @@
 // sums, and the middle of the lines, the kernel's boxes summed from the
 // prefix sums and divided exactly by the kernel's sum. One kernel source
 // (csharp_middle_kernel.h) compiled for the portable vector unit and, on
-// x86-64, again for AVX2; csharp_line_blocks.cpp picks the one to run.
+// x86-64, again for AVX2 (on 32-bit ARM, for NEON); csharp_line_blocks.cpp picks the one to run.
 #ifndef QTZQ_BLUR_VECTOR_CSHARP_MIDDLE_H
 #define QTZQ_BLUR_VECTOR_CSHARP_MIDDLE_H
 
@@ -48,6 +48,10 @@ namespace avx2 {
 void fill_csharp_prefix(const CSharpPrefix& job, int lanes);
 void blur_csharp_middle(const CSharpMiddle& job, int lanes);
 }  // namespace avx2
+namespace neon {
+void fill_csharp_prefix(const CSharpPrefix& job, int lanes);
+void blur_csharp_middle(const CSharpMiddle& job, int lanes);
+}  // namespace neon
 
 }  // namespace qtzq
 

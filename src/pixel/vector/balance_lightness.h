@@ -2,7 +2,7 @@
 // balance curves, then the integer HLS round trip that gives each pixel the
 // lightness of its incoming colour. One kernel source
 // (balance_lightness_kernel.h) compiled for the portable vector unit and, on
-// x86-64, again for AVX2; balance_span.cpp picks the one to run.
+// x86-64, again for AVX2 (on 32-bit ARM, for NEON); balance_span.cpp picks the one to run.
 #ifndef QTZQ_PIXEL_VECTOR_BALANCE_LIGHTNESS_H
 #define QTZQ_PIXEL_VECTOR_BALANCE_LIGHTNESS_H
 
@@ -31,6 +31,9 @@ void balance_keep_lightness(const BalanceLightnessJob& job);
 namespace avx2 {
 void balance_keep_lightness(const BalanceLightnessJob& job);
 }  // namespace avx2
+namespace neon {
+void balance_keep_lightness(const BalanceLightnessJob& job);
+}  // namespace neon
 
 }  // namespace qtzq
 

@@ -1,6 +1,6 @@
 // The span kernels behind saturation_spans.h, one source each compiled per
 // instruction set: the matrix (integer) for the portable vector unit of
-// every build and again for AVX2 on x86-64; the YUV chroma step (single
+// every build and again for AVX2 on x86-64 (NEON on 32-bit ARM); the YUV chroma step (single
 // precision) for SSE2 and AVX2 on x86-64 only.
 #ifndef QTZQ_PIXEL_VECTOR_SATURATION_VECTORS_H
 #define QTZQ_PIXEL_VECTOR_SATURATION_VECTORS_H
@@ -24,6 +24,9 @@ ChromaOffsets chroma_offsets(const unsigned char* table);
 namespace portable {
 void saturation_matrix_pixels(unsigned char* px, std::size_t count, const int* matrix);
 }  // namespace portable
+namespace neon {
+void saturation_matrix_pixels(unsigned char* px, std::size_t count, const int* matrix);
+}  // namespace neon
 namespace sse2 {
 void yuv_chroma_pixels(unsigned char* px, std::size_t count, const ChromaOffsets& offsets);
 }  // namespace sse2
