@@ -61,16 +61,24 @@ Taps spread(const double* numerator, const double* denominator, const double* ed
 // element position * kChannels + channel. Lanes of lines the block does not
 // have (a last, partial block) are filtered as zeros and never stored.
 constexpr int kChannels = 3;  // blue, green, red; alpha is never filtered
+constexpr int kLines = 4;     // lines of a whole block, a lane each
 
 typedef int v4i __attribute__((vector_size(16)));
 
-// Bytes to doubles, four lines at once (exact).
+// Bytes to doubles, four lines at once (exact). The geometry is copied
+// into locals: byte stores may alias anything in memory, so read through
+// `lines` it would be read again after every store. kCount is the block's
+// line count when known at compile time (a whole block), else 0.
+template <int kCount>
 void load_pixels(const DericheLines& lines, v4d* x) {
-    for (int p = 0; p < lines.length; ++p)
+    const unsigned char* const in = lines.in;
+    const std::ptrdiff_t step = lines.in_step, line_step = lines.in_line_step;
+    const int length = lines.length, count = kCount != 0 ? kCount : lines.count;
+    for (int p = 0; p < length; ++p)
         for (int c = 0; c < kChannels; ++c) {
+            const unsigned char* const at = in + p * step + c;
             v4i levels = {0, 0, 0, 0};
-            for (int l = 0; l < lines.count; ++l)
-                levels[l] = lines.in[l * lines.in_line_step + p * lines.in_step + c];
+            for (int l = 0; l < count; ++l) levels[l] = at[l * line_step];
             x[std::ptrdiff_t(p) * kChannels + c] = __builtin_convertvector(levels, v4d);
         }
 }
@@ -84,14 +92,17 @@ v4i filtered_to_bytes(v4d v) {
     return __builtin_convertvector(kept, v4i);
 }
 
+template <int kCount>
 void store_pixels(const DericheLines& lines, const v4d* y, const v4d* z) {
-    for (int p = 0; p < lines.length; ++p)
+    unsigned char* const out = lines.out;
+    const std::ptrdiff_t step = lines.out_step, line_step = lines.out_line_step;
+    const int length = lines.length, count = kCount != 0 ? kCount : lines.count;
+    for (int p = 0; p < length; ++p)
         for (int c = 0; c < kChannels; ++c) {
             const std::ptrdiff_t at = std::ptrdiff_t(p) * kChannels + c;
             const v4i levels = filtered_to_bytes(y[at] + z[at]);
-            for (int l = 0; l < lines.count; ++l)
-                lines.out[l * lines.out_line_step + p * lines.out_step + c] =
-                    static_cast<unsigned char>(levels[l]);
+            unsigned char* const to = out + p * step + c;
+            for (int l = 0; l < count; ++l) to[l * line_step] = static_cast<unsigned char>(levels[l]);
         }
 }
 
@@ -122,7 +133,10 @@ void filter_block(const DericheLines& lines, const DericheCoefficients& k, doubl
     v4d* const x = reinterpret_cast<v4d*>(work);
     v4d* const y = x + count;
     v4d* const z = y + count;
-    load_pixels(lines, x);
+    if (lines.count == kLines)
+        load_pixels<kLines>(lines, x);
+    else
+        load_pixels<0>(lines, x);
 
     v4d first[kChannels], last[kChannels];
     for (int c = 0; c < kChannels; ++c) {
@@ -143,7 +157,10 @@ void filter_block(const DericheLines& lines, const DericheCoefficients& k, doubl
         filter_position(x, z, std::ptrdiff_t(length - 1 - step) * kChannels, kChannels, kOrder,
                         anticausal, last);
     }
-    store_pixels(lines, y, z);
+    if (lines.count == kLines)
+        store_pixels<kLines>(lines, y, z);
+    else
+        store_pixels<0>(lines, y, z);
 }
 
 }  // namespace
