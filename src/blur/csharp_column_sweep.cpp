@@ -58,7 +58,6 @@ CSharpColumnSweep::CSharpColumnSweep(const int* kernel, int kernel_sum, int kern
       middle_(static_cast<std::uint32_t>(std::max(kernel_sum, 1)), largest_sum(kernel_, half_)),
       ring_(narrow_ ? 0 : std::size_t(slots_) * lanes_),
       ring16_(narrow_ ? std::size_t(slots_) * lanes_ : 0),
-      row_(std::size_t(lanes_), 0),
       out_(std::size_t(lanes_)) {
     for (const WeightBox& box : kernel_.boxes()) heights_.push_back(box.height);
 }
@@ -79,11 +78,11 @@ std::uint16_t* CSharpColumnSweep::row16(int index) {
 
 // P[added + 1] = P[added] + row, over the slot of a prefix row no longer
 // needed: the rows of the blur that read it have all been handed over.
+// The lanes past the row's bytes stay zero.
 void CSharpColumnSweep::add_prefix_row(const unsigned char* row) {
-    std::copy(row, row + row_bytes_, row_.begin());
     const CSharpRowPrefix job{narrow_ ? nullptr : row32(added_), narrow_ ? row16(added_) : nullptr,
-                              row_.data(), narrow_ ? nullptr : row32(added_ + 1),
-                              narrow_ ? row16(added_ + 1) : nullptr, lanes_};
+                              row, narrow_ ? nullptr : row32(added_ + 1),
+                              narrow_ ? row16(added_ + 1) : nullptr, row_bytes_};
     kernels().add_prefix_row(job);
     ++added_;
 }
@@ -114,8 +113,7 @@ const unsigned char* CSharpColumnSweep::blur_next_row() {
     }
     kernels().sum_row_boxes({narrow_ ? nullptr : ring_.data(), narrow_ ? ring16_.data() : nullptr,
                              begins_.data(), ends_.data(), heights_.data(),
-                             static_cast<int>(heights_.size()), lanes_, w.divide.multiplier(),
-                             w.divide.shift(), out_.data()});
+                             static_cast<int>(heights_.size()), lanes_, w.divide, out_.data()});
     return out_.data();
 }
 

@@ -68,7 +68,6 @@ private:
     int next_ = 0;   // the next row of the blur
     std::vector<std::uint32_t> ring_;
     std::vector<std::uint16_t> ring16_;
-    std::vector<unsigned char> row_;  // an added row, padded to lanes_
     std::vector<unsigned char> out_;  // a row of the blur, padded to lanes_
     std::vector<std::uint32_t> heights_;  // the kernel's boxes' heights
     std::vector<std::size_t> begins_, ends_;  // where a row's boxes start and end in the ring

@@ -10,6 +10,12 @@
 #include <cstring>
 #include <type_traits>
 
+#if defined(__SSE2__)
+#include <immintrin.h>
+#endif
+
+#include "blur/exact_divider.h"
+
 namespace qtzq {
 namespace QTZQ_KERNEL_SET {
 namespace {
@@ -72,6 +78,26 @@ struct Vectors {
         return v;
     }
 
+    // floor(n * m / 2^16) in every lane of 16-bit lanes: one multiply-high
+    // where the unit has it, else widened to 32 bits.
+    static V multiply_high(V n, std::uint16_t m) {
+#if defined(__AVX2__)
+        if constexpr (sizeof(V) == 32) return (V)_mm256_mulhi_epu16((__m256i)n, _mm256_set1_epi16(short(m)));
+#endif
+#if defined(__SSE2__)
+        if constexpr (sizeof(V) == 16) return (V)_mm_mulhi_epu16((__m128i)n, _mm_set1_epi16(short(m)));
+#endif
+        using Wide = typename Types::U32;
+        return __builtin_convertvector((__builtin_convertvector(n, Wide) * std::uint32_t(m)) >> 16, V);
+    }
+
+    // Exact quotients of 16-bit dividends below the divider's bound through
+    // its short form (ExactDivider::short_multiplier).
+    static void divide_short_to_bytes(V sums, std::uint16_t multiplier, int shift, unsigned char* out) {
+        const U8 bytes = __builtin_convertvector(multiply_high(sums, multiplier) >> shift, U8);
+        std::memcpy(out, &bytes, sizeof bytes);
+    }
+
     // Exact quotients of dividends below the divider's bound: each widened
     // to 64 bits, multiplied, shifted. The quotients are bytes, so the two
     // halves put back together do not overlap. Done in groups of at most
@@ -96,6 +122,25 @@ struct Vectors {
             const auto bytes = low_bytes((typename Group::U32)(even | (odd << 32)));
             std::memcpy(out + g, &bytes, sizeof bytes);
         }
+    }
+
+    // Runs body(divide), divide(sums, out) writing the exact quotients of a
+    // vector of sums as bytes: the short form where the lanes are 16-bit and
+    // the divider has one, so that the choice is made once, outside the
+    // body's loops.
+    template <class Body>
+    static void with_divider(const ExactDivider& divider, Body body) {
+        if constexpr (sizeof(T) == 2) {
+            if (divider.short_multiplier() != 0) {
+                const std::uint16_t m = divider.short_multiplier();
+                const int s = divider.short_shift();
+                body([m, s](V sums, unsigned char* out) { divide_short_to_bytes(sums, m, s, out); });
+                return;
+            }
+        }
+        const std::uint32_t m = divider.multiplier();
+        const int s = divider.shift();
+        body([m, s](V sums, unsigned char* out) { divide_to_bytes(sums, m, s, out); });
     }
 };
 

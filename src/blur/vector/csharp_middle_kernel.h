@@ -51,23 +51,24 @@ template <int kLanes, typename T>
 void blur_middle(const CSharpMiddle& job, const T* prefix) {
     using Vs = Vectors<T, kLanes>;
     constexpr int kCount = kLanes / Vs::kLanes;
-    for (int j = job.first; j < job.end; ++j) {
-        typename Vs::V sums[kCount] = {};
-        const T* window = prefix + std::size_t(j - job.half) * kLanes;
-        for (int k = 0; k < job.box_count; ++k) {
-            const WeightBox& box = job.boxes[k];
-            const T* begin = window + std::size_t(box.begin) * kLanes;
-            const T* end = window + std::size_t(box.end) * kLanes;
-            const T height = static_cast<T>(box.height);
-            for (int v = 0; v < kCount; ++v) {
-                const int lane = v * Vs::kLanes;
-                sums[v] += height * (Vs::load(end + lane) - Vs::load(begin + lane));
+    Vs::with_divider(job.divide, [&](auto divide) {
+        for (int j = job.first; j < job.end; ++j) {
+            typename Vs::V sums[kCount] = {};
+            const T* window = prefix + std::size_t(j - job.half) * kLanes;
+            for (int k = 0; k < job.box_count; ++k) {
+                const WeightBox& box = job.boxes[k];
+                const T* begin = window + std::size_t(box.begin) * kLanes;
+                const T* end = window + std::size_t(box.end) * kLanes;
+                const T height = static_cast<T>(box.height);
+                for (int v = 0; v < kCount; ++v) {
+                    const int lane = v * Vs::kLanes;
+                    sums[v] += height * (Vs::load(end + lane) - Vs::load(begin + lane));
+                }
             }
+            unsigned char* o = job.out + std::size_t(j) * kLanes;
+            for (int v = 0; v < kCount; ++v) divide(sums[v], o + v * Vs::kLanes);
         }
-        unsigned char* o = job.out + std::size_t(j) * kLanes;
-        for (int v = 0; v < kCount; ++v)
-            Vs::divide_to_bytes(sums[v], job.multiplier, job.shift, o + v * Vs::kLanes);
-    }
+    });
 }
 
 template <int kLanes>

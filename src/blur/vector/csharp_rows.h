@@ -11,14 +11,18 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "blur/exact_divider.h"
+
 namespace qtzq {
 
-// Rows are `lanes` long, a multiple of kCSharpRowLanes. The prefix rows are
+// Rows of the blur are `lanes` long, a multiple of kCSharpRowLanes, and
+// so are the prefix rows they read. The prefix rows are
 // 32-bit, or 16-bit (the *16 pointers set, the others null) when every sum
 // of the pass fits in 16 bits.
 constexpr int kCSharpRowLanes = 32;
 
-// next[i] = previous[i] + bytes[i]: the prefix row one row further down.
+// next[i] = previous[i] + bytes[i], i < lanes (any count): the prefix row
+// one row further down.
 struct CSharpRowPrefix {
     const std::uint32_t* previous;
     const std::uint16_t* previous16;
@@ -29,8 +33,8 @@ struct CSharpRowPrefix {
 };
 
 // out[i] = (sum over boxes k of heights[k] * (ring[ends[k] + i] -
-// ring[begins[k] + i])) divided by the divisor whose exact multiply and
-// shift these are: ends and begins are offsets of prefix rows in the ring.
+// ring[begins[k] + i])) / divisor: ends and begins are offsets of prefix
+// rows in the ring.
 struct CSharpRowBoxes {
     const std::uint32_t* ring;
     const std::uint16_t* ring16;
@@ -39,8 +43,7 @@ struct CSharpRowBoxes {
     const std::uint32_t* heights;
     int box_count;
     int lanes;
-    std::uint32_t multiplier;
-    int shift;
+    ExactDivider divide;
     unsigned char* out;
 };
 

@@ -8,8 +8,8 @@
 // of the pass fits in 16 bits), unsigned and so defined, and every box sum
 // and total the reference forms fits in the lane, so the wrapped
 // differences and their weighted sum are the reference's values whatever
-// the order of the boxes. The quotient is ExactDivider's multiply and shift,
-// exact for every dividend up to its bound. Everything has internal linkage
+// the order of the boxes. The quotient is ExactDivider's multiply and shift
+// (or its short form), exact for every dividend up to its bound. Everything has internal linkage
 // apart from the entry points.
 #include <cstddef>
 #include <cstring>
@@ -24,25 +24,29 @@ namespace {
 template <typename T>
 void add_prefix_row(const T* previous, const unsigned char* bytes, T* next, int lanes) {
     using Vs = Vectors<T, kCSharpRowLanes>;
-    for (int i = 0; i < lanes; i += Vs::kLanes) {
+    int i = 0;
+    for (; i + Vs::kLanes <= lanes; i += Vs::kLanes) {
         typename Vs::U8 row;
         std::memcpy(&row, bytes + i, sizeof row);
         const typename Vs::V sum = Vs::load(previous + i) + __builtin_convertvector(row, typename Vs::V);
         std::memcpy(next + i, &sum, sizeof sum);
     }
+    for (; i < lanes; ++i) next[i] = static_cast<T>(previous[i] + bytes[i]);
 }
 
 template <typename T>
 void sum_row_boxes(const CSharpRowBoxes& job, const T* ring) {
     using Vs = Vectors<T, kCSharpRowLanes>;
-    for (int i = 0; i < job.lanes; i += Vs::kLanes) {
-        typename Vs::V sum = {};
-        for (int k = 0; k < job.box_count; ++k) {
-            const T height = static_cast<T>(job.heights[k]);
-            sum += height * (Vs::load(ring + job.ends[k] + i) - Vs::load(ring + job.begins[k] + i));
+    Vs::with_divider(job.divide, [&](auto divide) {
+        for (int i = 0; i < job.lanes; i += Vs::kLanes) {
+            typename Vs::V sum = {};
+            for (int k = 0; k < job.box_count; ++k) {
+                const T height = static_cast<T>(job.heights[k]);
+                sum += height * (Vs::load(ring + job.ends[k] + i) - Vs::load(ring + job.begins[k] + i));
+            }
+            divide(sum, job.out + i);
         }
-        Vs::divide_to_bytes(sum, job.multiplier, job.shift, job.out + i);
-    }
+    });
 }
 
 }  // namespace
