@@ -78,6 +78,30 @@ struct Vectors {
         return v;
     }
 
+    // Bytes widened to lanes. Bytes to 32-bit lanes go through 16-bit ones:
+    // the compiler takes the direct conversion apart byte by byte.
+    static V widen(U8 bytes) {
+        if constexpr (sizeof(T) == 2) {
+            return __builtin_convertvector(bytes, V);
+        } else {
+            return __builtin_convertvector(__builtin_convertvector(bytes, typename Types::U16), V);
+        }
+    }
+
+    // The 64-bit products of the low 32 bits of each 64-bit lane: one
+    // instruction where the unit has it (the compiler, not seeing that the
+    // high halves are zero, would multiply all 64 bits).
+    template <typename U64>
+    static U64 multiply_low_halves(U64 a, U64 b) {
+#if defined(__AVX2__)
+        if constexpr (sizeof(U64) == 32) return (U64)_mm256_mul_epu32((__m256i)a, (__m256i)b);
+#endif
+#if defined(__SSE2__)
+        if constexpr (sizeof(U64) == 16) return (U64)_mm_mul_epu32((__m128i)a, (__m128i)b);
+#endif
+        return (a & 0xFFFFFFFFu) * (b & 0xFFFFFFFFu);
+    }
+
     // floor(n * m / 2^16) in every lane of 16-bit lanes: one multiply-high
     // where the unit has it, else widened to 32 bits.
     static V multiply_high(V n, std::uint16_t m) {
@@ -116,9 +140,11 @@ struct Vectors {
             } else {
                 std::memcpy(&n, lanes + g, sizeof n);
             }
-            const typename Group::U64 wide = (typename Group::U64)n;
-            const typename Group::U64 even = ((wide & 0xFFFFFFFFu) * multiplier) >> shift;
-            const typename Group::U64 odd = ((wide >> 32) * multiplier) >> shift;
+            using U64 = typename Group::U64;
+            const U64 wide = (U64)n;
+            const U64 m = U64{} + multiplier;
+            const U64 even = multiply_low_halves(wide, m) >> shift;
+            const U64 odd = multiply_low_halves(wide >> 32, m) >> shift;
             const auto bytes = low_bytes((typename Group::U32)(even | (odd << 32)));
             std::memcpy(out + g, &bytes, sizeof bytes);
         }

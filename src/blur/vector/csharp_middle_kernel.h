@@ -41,7 +41,7 @@ void fill_prefix(const CSharpPrefix& job, T* row) {
                     std::memcpy(gathered + 4 * p, sample + (v * kPixels + p) * job.line_step, 4);
                 std::memcpy(&bytes, gathered, sizeof bytes);
             }
-            running[v] += __builtin_convertvector(bytes, typename Vs::V);
+            running[v] += Vs::widen(bytes);
             std::memcpy(row + v * Vs::kLanes, &running[v], sizeof running[v]);
         }
     }

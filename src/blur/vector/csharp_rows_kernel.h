@@ -28,7 +28,7 @@ void add_prefix_row(const T* previous, const unsigned char* bytes, T* next, int 
     for (; i + Vs::kLanes <= lanes; i += Vs::kLanes) {
         typename Vs::U8 row;
         std::memcpy(&row, bytes + i, sizeof row);
-        const typename Vs::V sum = Vs::load(previous + i) + __builtin_convertvector(row, typename Vs::V);
+        const typename Vs::V sum = Vs::load(previous + i) + Vs::widen(row);
         std::memcpy(next + i, &sum, sizeof sum);
     }
     for (; i < lanes; ++i) next[i] = static_cast<T>(previous[i] + bytes[i]);
