@@ -51,8 +51,8 @@ CSharpColumnSweep::CSharpColumnSweep(const int* kernel, int kernel_sum, int kern
     : kernel_(kernel, 2 * column_half(kernel_size, height) + 1),
       half_(column_half(kernel_size, height)),
       height_(height),
-      row_bytes_(width * kBytesPerPixel),
-      lanes_(static_cast<int>(padded_lanes(width))),
+      row_bytes_(std::ptrdiff_t(width) * kBytesPerPixel),
+      lanes_(static_cast<std::ptrdiff_t>(padded_lanes(width))),
       slots_(2 * half_ + 2),
       narrow_(largest_sum(kernel_, half_) <= 0xFFFFu),
       middle_(static_cast<std::uint32_t>(std::max(kernel_sum, 1)), largest_sum(kernel_, half_)),
@@ -68,25 +68,24 @@ std::size_t CSharpColumnSweep::ring_bytes(const int* kernel, int kernel_size, in
     return std::size_t(2 * half + 2) * padded_lanes(width) * (narrow ? 2 : 4);
 }
 
-std::uint32_t* CSharpColumnSweep::row32(int index) {
-    return ring_.data() + std::size_t(index % slots_) * lanes_;
-}
-
-std::uint16_t* CSharpColumnSweep::row16(int index) {
-    return ring16_.data() + std::size_t(index % slots_) * lanes_;
+std::size_t CSharpColumnSweep::slot(int index) const {
+    return std::size_t(index % slots_) * std::size_t(lanes_);
 }
 
 // P[added + 1] = P[added] + row, over the slot of a prefix row no longer
 // needed: the rows of the blur that read it have all been handed over.
 // The lanes past the row's bytes stay zero.
 void CSharpColumnSweep::add_prefix_row(const unsigned char* row) {
-    const CSharpRowPrefix job{narrow_ ? nullptr : row32(added_), narrow_ ? row16(added_) : nullptr,
-                              row, narrow_ ? nullptr : row32(added_ + 1),
-                              narrow_ ? row16(added_ + 1) : nullptr, row_bytes_};
+    const std::size_t from = slot(added_), to = slot(added_ + 1);
+    const CSharpRowPrefix job{narrow_ ? nullptr : ring_.data() + from,
+                              narrow_ ? ring16_.data() + from : nullptr, row,
+                              narrow_ ? nullptr : ring_.data() + to,
+                              narrow_ ? ring16_.data() + to : nullptr, row_bytes_};
     kernels().add_prefix_row(job);
     ++added_;
 }
 
+// Whether every row that the next row of the blur reads is in.
 bool CSharpColumnSweep::ready() const {
     return next_ < height_ && (added_ == height_ || next_ + half_ + 1 <= added_);
 }
@@ -108,8 +107,8 @@ const unsigned char* CSharpColumnSweep::blur_next_row() {
     begins_.clear();
     ends_.clear();
     for (const WeightBox& box : kernel_.boxes()) {
-        begins_.push_back(std::clamp(w.base + box.begin, w.lo, w.hi) % slots_ * std::size_t(lanes_));
-        ends_.push_back(std::clamp(w.base + box.end, w.lo, w.hi) % slots_ * std::size_t(lanes_));
+        begins_.push_back(slot(std::clamp(w.base + box.begin, w.lo, w.hi)));
+        ends_.push_back(slot(std::clamp(w.base + box.end, w.lo, w.hi)));
     }
     kernels().sum_row_boxes({narrow_ ? nullptr : ring_.data(), narrow_ ? ring16_.data() : nullptr,
                              begins_.data(), ends_.data(), heights_.data(),

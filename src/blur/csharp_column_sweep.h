@@ -53,14 +53,13 @@ private:
     bool ready() const;
     Window window(int y) const;
     const unsigned char* blur_next_row();
-    std::uint32_t* row32(int index);
-    std::uint16_t* row16(int index);
+    std::size_t slot(int index) const;  // where prefix row P[index] lies in the ring
 
     StaircaseKernel kernel_;
     int half_;
     int height_;
-    int row_bytes_;
-    int lanes_;   // row_bytes rounded up to whole vectors; the rest stays zero
+    std::ptrdiff_t row_bytes_;
+    std::ptrdiff_t lanes_;  // row_bytes rounded up to whole vectors; the rest stays zero
     int slots_;   // prefix rows in the ring
     bool narrow_;  // 16-bit sums: every sum of the pass fits
     ExactDivider middle_;

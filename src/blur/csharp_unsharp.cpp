@@ -160,14 +160,14 @@ void unsharp_in_place(const qtzq::CSharpPass& rows, unsigned char* buffer, float
     sharpen_in_column_pass(columns, row_blur, buffer, buffer, amount, true);
 }
 
-// The one sweep is the faster fast path at every size measured, large
-// rings included (CPU time on 4000 x 3000: r1 45 against 84 ms, r10 94
-// against 155, r50 147 against 211; at r50 on 12000 x 252, a ring four times
-// the image, 64 against 129), so the choice is about memory: the sweep runs
-// unless its ring would be larger than both 4 MB and the scratch image
-// useEffect's two passes allocate. That leaves the two passes to short wide images at
-// large radii (32-bit sums and a kernel as tall as the image make the ring
-// about four times the image).
+// The one sweep is the faster fast path at every size measured, large rings
+// included (CPU time on 4000 x 3000: r1 45 against 84 ms, r10 94 against 155,
+// r50 147 against 211; at r50 on 12000 x 252, a ring four times the image, 64
+// against 129), so the choice is about memory: the sweep runs unless its ring
+// would be larger than both 4 MB and the scratch image useEffect's two passes
+// allocate. That leaves the two passes to short wide images at large radii
+// (32-bit sums and a kernel as tall as the image make the ring about four
+// times the image).
 constexpr std::size_t kSmallRing = std::size_t(4) << 20;
 
 bool sweep_fits(const qtzq::CSharpPass& pass) {

@@ -29,7 +29,7 @@ struct CSharpRowPrefix {
     const unsigned char* bytes;
     std::uint32_t* next;
     std::uint16_t* next16;
-    int lanes;
+    std::ptrdiff_t lanes;
 };
 
 // out[i] = (sum over boxes k of heights[k] * (ring[ends[k] + i] -
@@ -42,7 +42,7 @@ struct CSharpRowBoxes {
     const std::size_t* ends;
     const std::uint32_t* heights;
     int box_count;
-    int lanes;
+    std::ptrdiff_t lanes;
     ExactDivider divide;
     unsigned char* out;
 };

@@ -9,8 +9,8 @@
 // and total the reference forms fits in the lane, so the wrapped
 // differences and their weighted sum are the reference's values whatever
 // the order of the boxes. The quotient is ExactDivider's multiply and shift
-// (or its short form), exact for every dividend up to its bound. Everything has internal linkage
-// apart from the entry points.
+// (or its short form), exact for every dividend up to its bound. Everything
+// has internal linkage apart from the entry points.
 #include <cstddef>
 #include <cstring>
 
@@ -22,9 +22,9 @@ namespace QTZQ_KERNEL_SET {
 namespace {
 
 template <typename T>
-void add_prefix_row(const T* previous, const unsigned char* bytes, T* next, int lanes) {
+void add_prefix_row(const T* previous, const unsigned char* bytes, T* next, std::ptrdiff_t lanes) {
     using Vs = Vectors<T, kCSharpRowLanes>;
-    int i = 0;
+    std::ptrdiff_t i = 0;
     for (; i + Vs::kLanes <= lanes; i += Vs::kLanes) {
         typename Vs::U8 row;
         std::memcpy(&row, bytes + i, sizeof row);
@@ -38,7 +38,7 @@ template <typename T>
 void sum_row_boxes(const CSharpRowBoxes& job, const T* ring) {
     using Vs = Vectors<T, kCSharpRowLanes>;
     Vs::with_divider(job.divide, [&](auto divide) {
-        for (int i = 0; i < job.lanes; i += Vs::kLanes) {
+        for (std::ptrdiff_t i = 0; i < job.lanes; i += Vs::kLanes) {
             typename Vs::V sum = {};
             for (int k = 0; k < job.box_count; ++k) {
                 const T height = static_cast<T>(job.heights[k]);
