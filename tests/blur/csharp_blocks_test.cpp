@@ -79,13 +79,13 @@ TEST(CSharpBlocks, EqualTheTapByTapReference) {
 // The unsharp mask's one sweep down the image on lines of every length up
 // to 67 across and down (1 x N, N x 1, and N x 11 for partial blocks of
 // rows), each length with a radius from the whole range: small radii sum in
-// 16 bits, large ones in 32. The last sizes make the sweep's ring too large
+// 16 bits, large ones in 32. The first size makes the sweep's ring too large
 // (over 4 MB and over the image), so that the two passes run instead.
 TEST(CSharpBlocks, UnsharpOnEveryLineLength) {
     struct Size {
         int w, h, radius;
     };
-    std::vector<Size> sizes = {{132000, 2, 1}, {132000, 3, 2}};
+    std::vector<Size> sizes = {{132000, 2, 1}};
     for (int n = 1; n <= 67; ++n) {
         const int radius = kRadii[n % std::size(kRadii)];
         for (const Size& size : {Size{1, n, radius}, Size{n, 1, radius}, Size{n, 11, radius}})
