@@ -75,7 +75,7 @@ void CSharpLineBlocks<kLanes>::blur_middle(unsigned char* out) const {
     const std::vector<WeightBox>& boxes = kernel_.boxes();
     const CSharpMiddle job{narrow_ ? nullptr : prefix_.data(), narrow_ ? prefix16_.data() : nullptr,
                            boxes.data(), static_cast<int>(boxes.size()), half_, half_, length_ - half_,
-                           divide_.multiplier(), divide_.shift(), out};
+                           divide_, out};
     kernels().blur_middle(job, kLanes);
 }
 

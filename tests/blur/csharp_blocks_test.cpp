@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <iterator>
+#include <vector>
 
 #include <qtzqeffect/blur.h>
 
@@ -75,17 +76,51 @@ TEST(CSharpBlocks, EqualTheTapByTapReference) {
             }
 }
 
+// The unsharp mask's one sweep down the image on lines of every length up
+// to 67 across and down (1 x N, N x 1, and N x 11 for partial blocks of
+// rows), each length with a radius from the whole range: small radii sum in
+// 16 bits, large ones in 32. The first size makes the sweep's ring too large
+// (over 4 MB and over the image), so that the two passes run instead.
+TEST(CSharpBlocks, UnsharpOnEveryLineLength) {
+    struct Size {
+        int w, h, radius;
+    };
+    std::vector<Size> sizes = {{132000, 2, 1}};
+    for (int n = 1; n <= 67; ++n) {
+        const int radius = kRadii[n % std::size(kRadii)];
+        for (const Size& size : {Size{1, n, radius}, Size{n, 1, radius}, Size{n, 11, radius}})
+            sizes.push_back(size);
+    }
+    for (const Entry& entry : {kEntries[2], kEntries[3]})
+        for (const Size& s : sizes) {
+            const Bytes reference = blurred(entry, s.w, s.h, s.radius, qtzq::VectorUnit::kScalar);
+            for (qtzq::VectorUnit unit : fast_path_limits())
+                ASSERT_EQ(blurred(entry, s.w, s.h, s.radius, unit), reference)
+                    << entry.name << " " << s.w << "x" << s.h << " radius " << s.radius << " unit "
+                    << int(unit);
+        }
+}
+
 // The multiply-and-shift quotient against division, at and around every
 // multiple of the divisor up to the bound, for divisors of every size the
-// kernels produce and beyond.
+// kernels produce and beyond; and the short form (a 16-bit multiply-high
+// and a shift) where the bound is below 2^16, which the radii with 16-bit
+// sums (kernel sums 181, 122, 208) all have.
 TEST(CSharpBlocks, ExactDividerTruncatesLikeDivision) {
     for (std::uint32_t divisor : {1u, 2u, 3u, 7u, 122u, 181u, 208u, 1000u, 5021u, 65535u}) {
         const std::uint32_t bound = divisor * 255u + 254u;
         const qtzq::ExactDivider divide(divisor, bound);
+        const std::uint32_t m = divide.short_multiplier();
+        if (divisor == 122 || divisor == 181 || divisor == 208) {
+            EXPECT_NE(m, 0u) << divisor;
+        }
         for (std::uint32_t q = 0; q * divisor <= bound; ++q)
             for (std::uint32_t n : {q * divisor, q * divisor + divisor - 1})
                 if (n <= bound) {
                     ASSERT_EQ(divide(n), n / divisor) << n << " / " << divisor;
+                    if (m != 0) {
+                        ASSERT_EQ((n * m >> 16) >> divide.short_shift(), n / divisor) << n;
+                    }
                 }
     }
 }

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "blur/exact_divider.h"
 #include "blur/staircase_kernel.h"
 
 namespace qtzq {
@@ -22,8 +23,7 @@ struct CSharpMiddle {
     int box_count;
     int half;
     int first, end;  // positions [first, end); position j's window starts at j - half
-    std::uint32_t multiplier;  // ExactDivider's multiply and shift for the kernel's sum
-    int shift;
+    ExactDivider divide;  // by the kernel's sum
     unsigned char* out;  // [length][lanes]
 };
 
