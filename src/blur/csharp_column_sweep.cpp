@@ -28,6 +28,9 @@ Kernels kernels() {
     if (active_vector_unit() == VectorUnit::kAvx2)
         return {avx2::add_csharp_prefix_row, avx2::sum_csharp_row_boxes};
 #endif
+#if defined(QTZQ_NEON_KERNELS)
+    if (active_vector_unit() == VectorUnit::kNeon) return {neon::add_csharp_prefix_row, neon::sum_csharp_row_boxes};
+#endif
     return {portable::add_csharp_prefix_row, portable::sum_csharp_row_boxes};
 }
 

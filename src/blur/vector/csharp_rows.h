@@ -4,7 +4,7 @@
 // prefix rows and divided exactly. Every lane of a row is contiguous, so a
 // vector holds neighbouring lanes of one row. One kernel source
 // (csharp_rows_kernel.h) compiled for the portable vector unit and, on
-// x86-64, again for AVX2; csharp_column_sweep.cpp picks the one to run.
+// x86-64, again for AVX2 (on 32-bit ARM, for NEON); csharp_column_sweep.cpp picks the one to run.
 #ifndef QTZQ_BLUR_VECTOR_CSHARP_ROWS_H
 #define QTZQ_BLUR_VECTOR_CSHARP_ROWS_H
 
@@ -55,6 +55,10 @@ namespace avx2 {
 void add_csharp_prefix_row(const CSharpRowPrefix& job);
 void sum_csharp_row_boxes(const CSharpRowBoxes& job);
 }  // namespace avx2
+namespace neon {
+void add_csharp_prefix_row(const CSharpRowPrefix& job);
+void sum_csharp_row_boxes(const CSharpRowBoxes& job);
+}  // namespace neon
 
 }  // namespace qtzq
 
