@@ -4,6 +4,7 @@
 #   packaging/debian/build-debs.sh ARCH [OUT_DIR]     (default: build-deb/ARCH)
 #
 #   amd64: libqtzqeffect1, libqtzqeffect-dev, qtzq, python3-qtzqeffect
+#          (built natively, on an amd64 machine)
 #   armhf: libqtzqeffect1, libqtzqeffect-dev (cross-compiled)
 #
 # The build uses Debian's compiler flags (dpkg-buildflags), installs into a
@@ -27,8 +28,10 @@ rm -rf "$work" && mkdir -p "$work/debian"
 rm -f "$out"/*.deb
 
 # --- build and install into the staging root --------------------------------
-cmake_args=(-DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_INSTALL_LIBDIR="lib/$multiarch" -DCMAKE_BUILD_TYPE=None -DQTZQ_BUILD_TESTS=OFF
-  -DCMAKE_SKIP_INSTALL_RPATH=ON)
+# Build type None: the flags are dpkg-buildflags' alone. No install RPATH:
+# the library is in the linker's default path.
+cmake_args=(-DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_INSTALL_LIBDIR="lib/$multiarch"
+  -DCMAKE_BUILD_TYPE=None -DCMAKE_SKIP_INSTALL_RPATH=ON -DQTZQ_BUILD_TESTS=OFF)
 case $arch in
   amd64) cmake_args+=(-DQTZQ_BUILD_TOOLS=ON -DQTZQ_BUILD_PYTHON=ON
            -DQTZQ_PYTHON_INSTALL_DIR=lib/python3/dist-packages) ;;
@@ -80,13 +83,13 @@ echo "activate-noawait ldconfig" >"$work/debian/$libpkg/DEBIAN/triggers"
 # target package's plain name.
 printf 'Source: qtzqeffect\n' >"$work/debian/control"
 printf '\nPackage: %s\nArchitecture: any\n' "${packages[@]}" >>"$work/debian/control"
+runtime_dir=/usr/$(dpkg-architecture -a"$arch" -qDEB_HOST_GNU_TYPE 2>/dev/null)/lib
 shlib_depends() {
   local elves depends
   mapfile -t elves < <(cd "$work" &&
     find "debian/$1" -type f -exec sh -c 'head -c4 "$1" | grep -q ELF' _ {} \; -print)
   depends=$(cd "$work" && DEB_HOST_ARCH=$arch dpkg-shlibdeps -O -x"$1" \
-    -l"$work/debian/$libpkg/$libdir" -l"/usr/$(dpkg-architecture -a"$arch" -qDEB_HOST_GNU_TYPE 2>/dev/null)/lib" \
-    "${elves[@]}")
+    -l"$work/debian/$libpkg/$libdir" -l"$runtime_dir" "${elves[@]}")
   sed -n -e "s/:$arch\b//g" -e "s/-$arch-cross\b//g" -e 's/^shlibs:Depends=//p' <<<"$depends"
 }
 
