@@ -18,8 +18,12 @@ for deb in "$debs"/*_"$arch".deb; do
   dpkg-deb -x "$deb" "$root"
 done
 
+# find_package: the consumer's CMake project (its pkg-config target finds the
+# library through CMAKE_PREFIX_PATH too, so pkg-config is checked alone
+# below).
 cmake_args=()
 run=()
+cxx=g++
 if [[ $arch == armhf ]]; then
   # The armhf toolchain with the unpacked root as a second sysroot, so that
   # find_package and find_library look there as well as in the cross libc.
@@ -27,15 +31,21 @@ if [[ $arch == armhf ]]; then
     "$repo/cmake/toolchains/armhf.cmake" "$root" >"$work/toolchain.cmake"
   cmake_args+=(-DCMAKE_TOOLCHAIN_FILE="$work/toolchain.cmake" -DCMAKE_PREFIX_PATH=/usr)
   run=(qemu-arm -L /usr/arm-linux-gnueabihf)
+  cxx=arm-linux-gnueabihf-g++
 else
   cmake_args+=(-DCMAKE_PREFIX_PATH="$root/usr")
 fi
-PKG_CONFIG_LIBDIR=$libdir/pkgconfig cmake -S "$repo/tests/install/consumer" -B "$work/consumer" \
-  "${cmake_args[@]}" >/dev/null
-cmake --build "$work/consumer" >/dev/null
-for consumer in consumer_cmake consumer_pkgconfig; do
-  LD_LIBRARY_PATH=$libdir "${run[@]}" "$work/consumer/$consumer"
-  echo "$arch: $consumer built against the packages runs"
+export PKG_CONFIG_LIBDIR=$libdir/pkgconfig
+cmake -S "$repo/tests/install/consumer" -B "$work/consumer" "${cmake_args[@]}" >/dev/null
+cmake --build "$work/consumer" --target consumer_cmake >/dev/null
+
+# pkg-config: the compiler given nothing but the flags of the .pc file.
+read -ra pc_flags < <(pkg-config --cflags --libs qtzqeffect)
+"$cxx" -o "$work/consumer_pkgconfig" "$repo/tests/install/consumer/main.cpp" "${pc_flags[@]}"
+
+for consumer in consumer/consumer_cmake consumer_pkgconfig; do
+  LD_LIBRARY_PATH=$libdir "${run[@]}" "$work/$consumer"
+  echo "$arch: ${consumer#*/} built against the packages runs"
 done
 
 if [[ $arch == amd64 ]]; then
