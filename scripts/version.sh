@@ -8,7 +8,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-version=$(sed -n '/^project(Qtzqeffect/,/)/s/^ *VERSION \([0-9][0-9.]*\).*/\1/p' CMakeLists.txt)
+version=$(sed -n '/^project(Qtzqeffect/,/)/s/.*\bVERSION  *\([0-9][0-9.]*\).*/\1/p' CMakeLists.txt | head -n1)
 if [[ ! $version =~ ^[0-9]+\.[0-9]+\.[0-9]+$ ]]; then
   echo "no X.Y.Z VERSION in the project() call of CMakeLists.txt" >&2
   exit 1

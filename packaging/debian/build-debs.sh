@@ -150,7 +150,7 @@ write_control() {
 }
 
 # Copyright and changelog, identical on every architecture (Multi-Arch: same).
-changelog_date=$(date -R -u -d "@${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}")
+changelog_date=$(date -R -u -d "@${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || date +%s)}")
 for package in "${packages[@]}"; do
   doc=$work/debian/$package/usr/share/doc/$package
   mkdir -p "$doc"
