@@ -71,6 +71,9 @@ test("results come back in the caller's form and leave the input alone", () => {
   assert.deepEqual(fromImage.data, fromArray);
   assert.notDeepEqual(fromArray, copy);
   for (let i = 3; i < copy.length; i += 4) assert.equal(fromArray[i], copy[i], "film keeps alpha");
+  const inPlace = { data: image.data.slice(), width: 16, height: 8 };
+  assert.equal(effects.apply("film", inPlace, { inPlace: true }), inPlace);
+  assert.deepEqual(inPlace.data, fromArray);
   const blurred = effects.gaussianBlur(image, 3).data;
   assert.deepEqual(image.data, copy);
   assert.notDeepEqual(blurred, copy);

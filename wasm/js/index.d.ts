@@ -40,6 +40,8 @@ export interface ApplyOptions {
   materials?: ReadonlyArray<ImageLike | Uint8ClampedArray | Uint8Array | null | undefined>;
   /** A blend table set (196618 bytes) for the blend-table effects; generated when missing. */
   tables?: Uint8Array;
+  /** Write the result over the image's own pixels and return the image (no new buffer). */
+  inPlace?: boolean;
 }
 
 /** An effect id (1020) or name as the command-line tool reads it ("film", "StyleFilm", "old photo"). */
@@ -58,10 +60,10 @@ export interface Effects {
   apply(effect: EffectName, image: Uint8ClampedArray | Uint8Array,
         options: ApplyOptions & { width: number; height: number }): Uint8ClampedArray;
   /** The library's recursive Gaussian blur (radius 0 to 255 pixels) of a copy; alpha is kept. */
-  gaussianBlur(image: ImageData, radius: number, options?: ApplyOptions): ImageData;
-  gaussianBlur(image: ImageLike, radius: number, options?: ApplyOptions): ImageLike;
+  gaussianBlur(image: ImageData, radius: number, options?: { inPlace?: boolean }): ImageData;
+  gaussianBlur(image: ImageLike, radius: number, options?: { inPlace?: boolean }): ImageLike;
   gaussianBlur(image: Uint8ClampedArray | Uint8Array, radius: number,
-               options: { width: number; height: number }): Uint8ClampedArray;
+               options: { width: number; height: number; inPlace?: boolean }): Uint8ClampedArray;
   /** The library's built-in test scene (default 480 x 320). */
   testScene(width?: number, height?: number): ImageData;
   /** Bytes of the module's heap in use. */

@@ -49,7 +49,8 @@ class Effects {
 
   // Applies one effect to a copy of `image` and returns it in the same form
   // (ImageData, or a Uint8ClampedArray for a bare array with
-  // options.width/height). Materials (options.materials, RGBA images of the
+  // options.width/height); with options.inPlace the caller's pixels are
+  // changed and `image` is returned (no new buffer: faster on large photos). Materials (options.materials, RGBA images of the
   // photo's size, null for a default) and the blend table set
   // (options.tables) are generated as the command-line tool does when not
   // given. Alpha is kept (the HDR looks make every pixel opaque).
@@ -75,12 +76,12 @@ class Effects {
         this.#core.HEAPU32[(slotTable >> 2) + slot] = address;
       });
       this.#core._qtzq_apply_rgba(info.id, photo, width, height, slotTable, tables ? copyIn(tables) : 0);
-      return sameForm(image, this.#copyOut(photo, data.length), width, height);
+      return this.#result(image, data, photo, options.inPlace);
     });
   }
 
   // The library's recursive Gaussian blur (radius in pixels, 0 to 255) of
-  // a copy of `image`; alpha is kept.
+  // a copy of `image` (options.inPlace as for apply); alpha is kept.
   gaussianBlur(image, radius, options = {}) {
     if (typeof radius !== "number") throw new TypeError(`radius must be a number, not ${typeName(radius)}`);
     if (!(radius >= 0 && radius <= 255)) throw new RangeError(`radius ${radius} is outside 0 to 255`);
@@ -89,7 +90,7 @@ class Effects {
     return this.#onHeap((copyIn) => {
       const pointer = copyIn(data);
       this.#core._qtzq_gaussian_blur_rgba(pointer, width, height, radius);
-      return sameForm(image, this.#copyOut(pointer, data.length), width, height);
+      return this.#result(image, data, pointer, options.inPlace);
     });
   }
 
@@ -132,6 +133,18 @@ class Effects {
   // A copy of heap bytes (the heap's view changes when memory grows).
   #copyOut(pointer, length) {
     return new Uint8ClampedArray(this.#core.HEAPU8.subarray(pointer, pointer + length));
+  }
+
+  // The result at `pointer`: written over the caller's pixels (inPlace, the
+  // caller's image returned) or as a new image of the caller's form.
+  #result(image, data, pointer, inPlace) {
+    const bytes = this.#core.HEAPU8.subarray(pointer, pointer + data.length);
+    if (inPlace) {
+      data.set(bytes);
+      return image;
+    }
+    const copy = new Uint8ClampedArray(bytes);
+    return isImageLike(image) ? makeImage(copy, image.width, image.height) : copy;
   }
 
   #effectId(effect) {
@@ -193,11 +206,6 @@ function tablesOf(tables, info) {
   if (tables.length < TABLE_SET_BYTES)
     throw new RangeError(`options.tables has ${tables.length} bytes; a blend table set has ${TABLE_SET_BYTES}`);
   return tables;
-}
-
-// The result in the form of the caller's image: ImageData-like or a bare array.
-function sameForm(image, data, width, height) {
-  return isImageLike(image) ? makeImage(data, width, height) : data;
 }
 
 function makeImage(data, width, height) {
