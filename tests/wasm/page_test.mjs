@@ -1,7 +1,8 @@
 // The photo page in headless Chromium, driven like a person would: it opens
 // the page from a local static server, loads a photo through the file
 // input, picks looks from the list and compares the result canvas with
-// `qtzq apply` on the same photo, byte for byte; then takes a screenshot.
+// `qtzq apply` on the same photo, byte for byte; then takes a screenshot
+// and checks the downloaded PNG too.
 // Chromium is driven through the DevTools protocol over a pipe.
 //
 // Environment (set by CTest): QTZQ_WASM_DEMO (the built page), QTZQ_CLI,
@@ -11,10 +12,10 @@ import { execFileSync, spawn } from "node:child_process";
 import { existsSync, mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { createServer } from "node:http";
 import { tmpdir } from "node:os";
-import { extname, join, normalize } from "node:path";
+import { basename, extname, join, normalize } from "node:path";
 import { pathToFileURL } from "node:url";
 
-import { encodePng } from "./png.mjs";
+import { decodePng, encodePng } from "./png.mjs";
 
 // Plain looks, materials, blend tables, three materials, the HDR sharpening
 // and the zoom blur.
@@ -85,6 +86,21 @@ function startChromium(profile) {
   return { browser, send };
 }
 
+// The page's download of the look on show (old photo), read back as PNG:
+// the tool's bytes again.
+async function downloadMatches(send, evaluate, photo) {
+  const downloads = join(out, "downloads");
+  rmSync(downloads, { recursive: true, force: true });
+  await send("Browser.setDownloadBehavior", { behavior: "allow", downloadPath: downloads });
+  await evaluate(`document.getElementById("download").click()`);
+  const file = join(downloads, `${basename(photo, ".png")}-old-photo.png`);
+  for (let tries = 0; tries < 100 && !existsSync(file); tries++) await new Promise((resolve) => setTimeout(resolve, 100));
+  const same = existsSync(file) &&
+    Buffer.from(decodePng(readFileSync(file)).data).equals(Buffer.from(decodePng(readFileSync(join(out, "1026.png"))).data));
+  console.log(`${same ? "ok" : "FAIL"} download ${file}`);
+  return same;
+}
+
 async function main() {
   const photo = await choosePhoto();
   for (const id of LOOKS) execFileSync(cli, ["apply", String(id), photo, "-o", join(out, `${id}.png`), "-q"]);
@@ -143,6 +159,7 @@ async function main() {
     const { data } = await page("Page.captureScreenshot", { format: "png" });
     writeFileSync(join(out, "screenshot.png"), Buffer.from(data, "base64"));
     console.log(`screenshot: ${join(out, "screenshot.png")}`);
+    failed += await downloadMatches(send, evaluate, photo) ? 0 : 1;
   } finally {
     // The profile is removed once Chromium has stopped writing to it.
     await new Promise((resolve) => {
@@ -152,7 +169,7 @@ async function main() {
     server.close();
     rmSync(profile, { recursive: true, force: true, maxRetries: 5 });
   }
-  console.log(`${LOOKS.length - failed} passed, ${failed} failed`);
+  console.log(`${LOOKS.length + 1 - failed} passed, ${failed} failed`);
   process.exit(failed ? 1 : 0);
 }
 
