@@ -165,7 +165,6 @@ class Effects {
       core._free(pointer);
     }
   }
-
 }
 
 function isImageLike(value) {
@@ -181,7 +180,7 @@ function checkSize(core, width, height, what) {
   if (!Number.isInteger(width) || !Number.isInteger(height))
     throw new TypeError(`${what}: width and height must be integers`);
   if (!core._qtzq_image_size_supported(width, height))
-    throw new RangeError(`${what}: size ${width}x${height} is not supported (at least 1x1, under 2 GiB of pixels)`);
+    throw new RangeError(`${what}: size ${width}x${height} is not supported (at least 1x1, a buffer under 2 GiB)`);
 }
 
 // The RGBA bytes and size of an ImageData-like object ({data, width,
