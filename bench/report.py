@@ -187,6 +187,21 @@ def render(context, rows):
     return "\n".join(out) + "\n"
 
 
+# A section that another tool writes into the report (bench/wasm_bench.mjs);
+# it is carried over when the report is rewritten.
+KEPT_HEADING = "## WebAssembly build"
+
+
+def kept_section(path):
+    try:
+        with open(path, encoding="utf-8") as f:
+            old = f.read()
+    except FileNotFoundError:
+        return ""
+    at = old.find("\n" + KEPT_HEADING + "\n")
+    return "" if at < 0 else old[at:]
+
+
 def main(argv):
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("results", help="JSON written by qtzq-bench --benchmark_out")
@@ -197,6 +212,7 @@ def main(argv):
         sys.exit("{}: no median results (run with --benchmark_repetitions=2 or more)".format(args.results))
     text = render(context, rows)
     if args.output:
+        text += kept_section(args.output)
         with open(args.output, "w", encoding="utf-8") as f:
             f.write(text)
     else:

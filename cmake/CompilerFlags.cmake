@@ -11,7 +11,8 @@ target_compile_options(qtzq_build_flags INTERFACE
   -fno-fast-math
   -Wall -Wextra)
 
-if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i.86|x86)$")
+# (Emscripten's toolchain calls WebAssembly "x86" too; it has no x87.)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i.86|x86)$" AND NOT EMSCRIPTEN)
   # 32-bit x86 would otherwise compute in x87 extended precision.
   target_compile_options(qtzq_build_flags INTERFACE -msse2 -mfpmath=sse)
 endif()

@@ -14,10 +14,12 @@
 #   fuzz      the file readers and frame compositing, 30 s per fuzz target
 #   package   Debian packages (amd64, armhf) and the Python wheel, built,
 #             installed into scratch roots and used; one version in all
+#   wasm      WebAssembly build: golden digests under node, the JavaScript
+#             API and the photo page (headless Chromium) against qtzq
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-all_stages=(default sanitize tsan armhf matrix fuzz package)
+all_stages=(default sanitize tsan armhf matrix fuzz package wasm)
 stages=("${@:-${all_stages[@]}}")
 jobs=$(nproc 2>/dev/null || echo 2)
 
@@ -42,6 +44,7 @@ for stage in "${stages[@]}"; do
     matrix) scripts/golden-matrix.sh gcc-O3-native clang-O0 clang-normal clang-O3-native ;;
     fuzz) scripts/fuzz.sh 30 ;;
     package) scripts/package.sh ;;
+    wasm) scripts/wasm-test.sh ;;
     *) echo "unknown stage '$stage' (one of: ${all_stages[*]})" >&2; exit 2 ;;
   esac
   echo "=== $stage: passed in $((SECONDS - start)) s ==="

@@ -1,7 +1,5 @@
 #include "qtzq_app/effect_inputs.h"
 
-#include <array>
-
 #include "qtzq_app/blend_tables.h"
 #include "qtzq_app/errors.h"
 #include "qtzq_app/file_bytes.h"
@@ -27,21 +25,6 @@ std::vector<unsigned char> load_tables(const std::string& path) {
 }
 
 }  // namespace
-
-BgraImage default_material(const EffectInfo& info, int slot, int width, int height) {
-    const MaterialChoice& choice = info.materials[std::size_t(slot)].fallback;
-    return make_material(choice.kind, width, height, std::uint32_t(info.id * 10 + slot), choice.base);
-}
-
-std::vector<unsigned char> default_table_set(const EffectInfo& info) {
-    std::array<TableMode, 3> modes;
-    for (std::size_t m = 0; m < 3; ++m) {
-        std::string error;
-        // The catalogue names only known modes: a failure here is a bug.
-        if (!parse_table_mode(info.table_modes[m], modes[m], error)) throw std::logic_error(error);
-    }
-    return build_table_set(modes);
-}
 
 EffectInputs::EffectInputs(const EffectInfo& info, const std::vector<std::string>& material_paths,
                            const std::string& tables_path, bool exact_size)

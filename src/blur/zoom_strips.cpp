@@ -2,6 +2,7 @@
 // row y the rows its taps sample depend on y alone and the columns on x
 // alone, so the taps run in the outer loop: each adds the samples of one
 // source row, read from left to right, to the sums of the strip's pixels.
+#include <cstddef>
 #include <cstdint>
 
 #include "blur/zoom_taps.h"

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "qtzq_app/catalogue.h"
+#include "qtzq_app/effect_defaults.h"
 #include "qtzq_app/png_io.h"
 
 namespace qtzq_app {
@@ -50,13 +51,6 @@ private:
     bool default_tables_ = false;
     bool exact_size_;
 };
-
-// The generated default material of a slot, at a photo's size; the seed is
-// the effect id plus the slot, so every run draws the same material.
-BgraImage default_material(const EffectInfo& info, int slot, int width, int height);
-
-// The default table set of a blend-table effect.
-std::vector<unsigned char> default_table_set(const EffectInfo& info);
 
 }  // namespace qtzq_app
 
