@@ -24,5 +24,7 @@ emcmake cmake -S . -B "$build_dir" -DCMAKE_BUILD_TYPE=Release \
   -DQTZQ_CLI="$PWD/build/tools/qtzq" >/dev/null
 cmake --build "$build_dir" -j "$jobs"
 ctest --test-dir "$build_dir" -j "$jobs" --output-on-failure
+# The npm package carries the project's version, as the other packages do.
+tests/packaging/check_versions.sh "$build_dir"/qtzqeffect-*.tgz
 echo "module: $(stat -c %s "$build_dir/package/qtzqeffect-core.wasm") bytes of .wasm;" \
   "package: $(ls "$build_dir"/qtzqeffect-*.tgz); page: $build_dir/demo/index.html"
