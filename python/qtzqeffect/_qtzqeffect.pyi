@@ -48,6 +48,10 @@ class Effect:
         """True when the effect touches process-wide library state (it reseeds
         rand() from the clock, or may use the shared blur): such effects run
         one at a time."""
+    @property
+    def colour_map(self) -> bool:
+        """True when each pixel's result depends on its colour alone, so that lut()
+        holds the whole look."""
 
 def apply(
     effect: EffectName,
@@ -56,6 +60,7 @@ def apply(
     tables: BytesLike | None = None,
     order: Order = "bgra",
     inplace: bool = False,
+    strength: int = 100,
 ) -> Image:
     """Applies a catalogue effect to an image and returns the result.
 
@@ -65,12 +70,22 @@ def apply(
     the image's size and in the same order; slots not given get the generated
     defaults that default_materials() returns. tables is a blend table set
     (bytes-like, at least 196618 bytes) for the effects that take one; None
-    gives the generated default. The image's alpha is kept.
+    gives the generated default. The image's alpha is kept. strength (0..100)
+    mixes the original back in: each colour channel becomes
+    (original * (100 - strength) + result * strength + 50) // 100, alpha is the
+    result's.
 
     Effects marked serialised in the catalogue (clock-seeded noise, shared blur
     state) run one at a time in the process; the clock-seeded ones (1021,
     1039) reseed the process-wide rand() from the current second, so their
     grain changes from second to second."""
+
+def lut(effect: EffectName, size: int = 33) -> npt.NDArray[np.float32]:
+    """The colour lookup table of a look that is a pure colour map (see
+    Effect.colour_map), as qtzq lut writes it to a .cube file: float32 of
+    shape (size, size, size, 3), indexed [red, green, blue] at the inputs
+    i * 255 / (size - 1), holding red, green and blue in 0..1 (interpolated
+    linearly between bytes; exact for size 256). ValueError for other looks."""
 
 def catalogue() -> list[Effect]:
     """Every effect of the catalogue, in id order."""

@@ -9,6 +9,7 @@
 #include "qtzq_app/effect_runner.h"
 #include "qtzq_app/errors.h"
 #include "qtzq_app/image_file.h"
+#include "qtzq_app/strength.h"
 
 #include "args.h"
 #include "commands.h"
@@ -39,6 +40,9 @@ const char* const kHelp =
     "                        to it (bilinear) with a note on stderr\n"
     "      --exact-size      refuse materials whose size differs from the photo's\n"
     "      --tables FILE     a blend table set (196618 bytes, see 'qtzq tables')\n"
+    "      --strength P      0..100 (default 100): each colour channel becomes\n"
+    "                        (original x (100 - P) + result x P + 50) / 100,\n"
+    "                        alpha is the result's\n"
     "      --quality N       JPEG quality 1..100 (default 92)\n"
     "  -j, --jobs N          photos processed at once (default: hardware threads)\n"
     "  -q, --quiet           no notes and no progress bar\n\n"
@@ -109,8 +113,14 @@ std::vector<Job> plan_jobs(const std::vector<std::string>& inputs, const ParsedA
     return jobs;
 }
 
+struct Settings {
+    unsigned char* tables;
+    int quality;
+    int strength;
+};
+
 // Reads, applies and writes one photo; reports problems on the console.
-bool process(const Job& job, const EffectInputs& inputs, unsigned char* tables, int quality,
+bool process(const Job& job, const EffectInputs& inputs, const Settings& settings,
              Console& console) {
     BgraImage photo;
     std::string error;
@@ -127,12 +137,16 @@ bool process(const Job& job, const EffectInputs& inputs, unsigned char* tables, 
         return false;
     }
     for (const auto& note : notes) console.note(note);
-    run_effect(inputs.info(), photo, materials, tables);
+    const BgraImage original = settings.strength < 100 ? photo : BgraImage();
+    run_effect(inputs.info(), photo, materials, settings.tables);
+    if (settings.strength < 100)
+        mix_strength(original.pixels.data(), photo.data(), photo.pixels.size() / 4,
+                     settings.strength);
     ImageFormat format = ImageFormat::Png;
     format_for_path(job.output, format);
     if (format == ImageFormat::Jpeg && has_transparency(photo))
         console.note(job.output + ": JPEG keeps no alpha; the transparency is dropped");
-    if (!write_image(job.output, photo, quality, error)) {
+    if (!write_image(job.output, photo, settings.quality, error)) {
         console.error(error);
         return false;
     }
@@ -149,6 +163,7 @@ int run_apply(const Words& words) {
                                                {"exact-size", 0, false, false},
                                                {"tables", 0, true, false},
                                                {"quality", 0, true, false},
+                                               {"strength", 0, true, false},
                                                {"jobs", 'j', true, false},
                                                {"quiet", 'q', false, false}});
     if (args.has("help")) {
@@ -160,6 +175,7 @@ int run_apply(const Words& words) {
     const std::vector<std::string> input_paths(args.positionals.begin() + 1, args.positionals.end());
     const std::vector<Job> jobs = plan_jobs(input_paths, args);
     const int quality = args.int_value("quality", 92, 1, 100);
+    const int strength = args.int_value("strength", 100, 0, 100);
     const unsigned threads = unsigned(args.int_value("jobs", int(default_jobs()), 1, 1024));
 
     EffectInputs inputs(info, args.values("material"), args.value("tables"), args.has("exact-size"));
@@ -177,7 +193,7 @@ int run_apply(const Words& words) {
     run_parallel(jobs.size(), threads, [&](std::size_t i) {
         bool ok = false;
         try {
-            ok = process(jobs[i], inputs, inputs.tables(), quality, console);
+            ok = process(jobs[i], inputs, {inputs.tables(), quality, strength}, console);
         } catch (const std::exception& e) {
             console.error(jobs[i].input + ": " + e.what());
         }
