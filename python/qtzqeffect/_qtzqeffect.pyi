@@ -304,13 +304,14 @@ class Bubble:
         then 255."""
 
 def read_image(path: str | os.PathLike[str], *, order: Order = "bgra") -> Image:
-    """Reads a PNG or JPEG file (recognised by its content; grey, palette, RGB or
-    RGBA) into a (height, width, 4) array: BGRA, or RGBA with order='rgb'.
-    Images without alpha come back opaque. OSError naming the file when it
-    cannot be read or decoded."""
+    """Reads a PNG, JPEG, WebP, TIFF, HEIF or AVIF file (recognised by its
+    content; grey, palette, RGB or RGBA; the first frame or page of an animated
+    or multi-page file) into a (height, width, 4) array: BGRA, or RGBA with
+    order='rgb', turned upright by its EXIF orientation. Images without alpha
+    come back opaque. OSError naming the file when it cannot be read or decoded."""
 
 def decode_image(data: BytesLike, *, order: Order = "bgra") -> Image:
-    """Decodes the bytes of a PNG or JPEG file as read_image() does (ValueError
+    """Decodes the bytes of an image file as read_image() does (ValueError
     when they are not one)."""
 
 def write_image(
@@ -320,7 +321,8 @@ def write_image(
     order: Order = "bgra",
     quality: int = 92,
 ) -> None:
-    """Writes an image as PNG or JPEG, chosen by the extension (.png, .jpg, .jpeg),
-    JPEG at the given quality (1..100; JPEG drops alpha). The file is written
-    under a temporary name and renamed into place, so a failure leaves no
-    partial file. OSError naming the file on failure."""
+    """Writes an image as PNG, JPEG, WebP (lossy) or TIFF, chosen by the extension
+    (.png, .jpg, .jpeg, .webp, .tif, .tiff), JPEG and WebP at the given quality
+    (1..100; JPEG drops alpha). The file is written under a temporary name and
+    renamed into place, so a failure leaves no partial file. OSError naming the
+    file on failure."""

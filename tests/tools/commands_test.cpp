@@ -79,7 +79,7 @@ TEST_F(CommandTest, MistakesExitWithTheirStatusAndMessageAndTouchNothing) {
     const std::string notes = path("notes.txt"), missing = path("missing.png"), no = "-";
     const std::vector<std::tuple<std::vector<std::string>, int, std::string>> cases = {
         {{"apply", "1020", missing, "-o", keep}, 1, "apply: " + missing + ": cannot open file ("},
-        {{"apply", "1020", notes, "-o", keep}, 1, notes + ": not a PNG or JPEG file"},
+        {{"apply", "1020", notes, "-o", keep}, 1, notes + ": not a PNG, JPEG, WebP, TIFF, HEIF or AVIF file"},
         {{"apply", "nope", in, "-o", keep}, 2, "unknown effect 'nope'"},
         {{"apply", "1044", in, "-m", in, "-m", in, "-o", keep}, 2, "1 material(s), 2 given"},
         {{"apply", "1020", in, "--tables", notes, "-o", keep}, 2,
