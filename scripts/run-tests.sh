@@ -12,10 +12,11 @@
 #   armhf     cross build for 32-bit ARM, whole suite under qemu-arm
 #   matrix    golden digests with clang, and gcc at -O3 -march=native
 #   fuzz      the file readers and frame compositing, 30 s per fuzz target
+#   files     look tables checked in ImageMagick and ffmpeg (installs both)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-all_stages=(default sanitize tsan armhf matrix fuzz)
+all_stages=(default sanitize tsan armhf matrix fuzz files)
 stages=("${@:-${all_stages[@]}}")
 jobs=$(nproc 2>/dev/null || echo 2)
 
@@ -39,6 +40,7 @@ for stage in "${stages[@]}"; do
     armhf) scripts/cross-test-armhf.sh ;;
     matrix) scripts/golden-matrix.sh gcc-O3-native clang-O0 clang-normal clang-O3-native ;;
     fuzz) scripts/fuzz.sh 30 ;;
+    files) scripts/install-deps.sh imagemagick ffmpeg && run_preset default qtzq '^files\.' ;;
     *) echo "unknown stage '$stage' (one of: ${all_stages[*]})" >&2; exit 2 ;;
   esac
   echo "=== $stage: passed in $((SECONDS - start)) s ==="

@@ -8,6 +8,9 @@
 #include "qtzq_app/catalogue.h"
 #include "qtzq_app/colour_lut.h"
 #include "qtzq_app/effect_runner.h"
+#include "qtzq_app/exif.h"
+#include "qtzq_app/image_file.h"
+#include "qtzq_app/orientation.h"
 #include "qtzq_app/materials.h"
 #include "qtzq_app/strength.h"
 #include "tools/tool_harness.h"
@@ -65,6 +68,38 @@ TEST_F(CommandTest, LutFilesAndStrengthAreTheApplicationLibrarysOwn) {
     qtzq_app::run_effect(film, full, none, nullptr);
     qtzq_app::mix_strength(photo.pixels.data(), full.data(), full.pixels.size() / 4, 40);
     EXPECT_EQ(load_png("out.png").pixels, full.pixels);
+}
+
+// A photo stored sideways with orientation 6 comes out upright in every
+// output format, with the input's metadata (orientation reset) unless
+// --strip is given.
+TEST_F(CommandTest, ApplyTurnsPhotosUprightAndCarriesTheirMetadata) {
+    const BgraImage photo = sample_photo(12, 7, 5);
+    qtzq_app::PhotoMetadata metadata;
+    metadata.exif = {'M', 'M', 0, 42, 0, 0, 0, 8, 0, 1, 0x01, 0x12, 0, 3, 0, 0, 0, 1, 0, 6, 0, 0,
+                     0, 0, 0, 0};
+    metadata.xmp = {'<', 'x', '/', '>'};
+    std::string error;
+    ASSERT_TRUE(qtzq_app::write_photo(path("in.png"), qtzq_app::upright(photo, 8), metadata, {},
+                                      error)) << error;
+    BgraImage film = photo;
+    std::vector<BgraImage> none;
+    qtzq_app::run_effect(*qtzq_app::find_effect("film"), film, none, nullptr);
+    for (const std::string out : {"out.png", "out.webp", "out.tif"}) {
+        for (const bool strip : {false, true}) {
+            std::vector<std::string> args = {"apply", "film", path("in.png"), "-o", path(out),
+                                              "--lossless"};
+            if (strip) args.push_back("--strip");
+            run_ok(args);
+            qtzq_app::Photo back;
+            ASSERT_TRUE(qtzq_app::read_photo(path(out), back, error)) << error;
+            EXPECT_EQ(back.image.pixels, film.pixels) << out;
+            const bool has_exif = out != "out.tif" && !strip;
+            EXPECT_EQ(back.metadata.exif, has_exif ? qtzq_app::exif_for_output(metadata.exif)
+                                                   : std::vector<unsigned char>()) << out;
+            EXPECT_EQ(back.metadata.xmp.empty(), strip) << out;
+        }
+    }
 }
 
 // Usage mistakes exit with status 2, failures while working with 1; both
