@@ -67,6 +67,8 @@ bool with_metadata(const WebPData& image, const PhotoMetadata& metadata, WebPDat
            WebPMuxAssemble(mux.get(), &out) == WEBP_MUX_OK;
 }
 
+constexpr int kLosslessEffort = 1;  // 0 (fastest) .. 9 (smallest)
+
 int collect(const uint8_t* data, size_t size, const WebPPicture* picture) {
     auto* out = static_cast<std::vector<unsigned char>*>(picture->custom_ptr);
     out->insert(out->end(), data, data + size);
@@ -80,8 +82,10 @@ bool encode_pixels(const BgraImage& image, const WriteOptions& options,
     WebPConfig config;
     WebPPicture picture;
     if (!WebPConfigInit(&config) || !WebPPictureInit(&picture)) return false;
-    config.lossless = options.lossless ? 1 : 0;
-    config.quality = options.lossless ? 75.0f : float(options.quality);
+    // Lossless at a low effort: several times faster than the encoder's
+    // default for files a few per cent larger.
+    if (options.lossless && !WebPConfigLosslessPreset(&config, kLosslessEffort)) return false;
+    if (!options.lossless) config.quality = float(options.quality);
     config.exact = 1;
     picture.use_argb = 1;
     picture.width = image.width;
