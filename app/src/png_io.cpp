@@ -234,7 +234,7 @@ bool encode_png(const std::string& path, const BgraImage& image, const PhotoMeta
         error = path + ": cannot create file (" + std::strerror(errno) + ")";
         return false;
     }
-    PngWrite job{file.get(), &image, &metadata, options.compression};
+    PngWrite job{file.get(), &image, &metadata, options.compression, nullptr, nullptr, {}, {}};
     std::string message;
     if (!write_png_stream(job, message)) {
         error = path + ": cannot write PNG (" + message + ")";

@@ -19,12 +19,12 @@ inline std::string size_text(std::uint64_t width, std::uint64_t height) {
     return std::to_string(width) + "x" + std::to_string(height);
 }
 
-// Images above this many pixels must come from a file of at least one byte
-// per kPixelsPerFileByte pixels: a small file declaring an enormous image
-// (a decompression bomb) is refused before its pixels are allocated.
-// Photos compress far less than that; a flat 100-megapixel image can still
-// be read from a file of 100 KB.
-constexpr std::uint64_t kLargeImagePixels = std::uint64_t(1) << 26;
+// Images above 16 megapixels (64 MB of pixels) must come from a file of at
+// least one byte per kPixelsPerFileByte pixels: a small file declaring an
+// enormous image (a decompression bomb) is refused before its pixels are
+// allocated. Photos compress far less than that: a 100-megapixel image
+// needs a file of 100 KB.
+constexpr std::uint64_t kLargeImagePixels = std::uint64_t(1) << 24;
 constexpr std::uint64_t kPixelsPerFileByte = 1024;
 
 // Checks a size a file declares before anything is allocated for it; on
