@@ -1,11 +1,15 @@
 #!/usr/bin/env bash
-# The tables of 'qtzq lut' in two independent programs, on a real photo:
-# ImageMagick's -hald-clut with the level-16 Hald image must give exactly
-# the bytes of 'qtzq apply'; ffmpeg's lut3d filter with the 65-point .cube
-# (interpolating between its points) must stay within LIMIT levels of 255.
+# qtzq against two independent programs, on a real photo:
+# - the tables of 'qtzq lut': ImageMagick's -hald-clut with the level-16
+#   Hald image must give exactly the bytes of 'qtzq apply'; ffmpeg's lut3d
+#   filter with the 65-point .cube (interpolating between its points) must
+#   stay within LIMIT levels of 255;
+# - files of several frames that ImageMagick writes (animated WebP,
+#   multi-page TIFF): 'qtzq apply' notes that it takes the first, and its
+#   result equals the result on ImageMagick's own first frame.
 # Exits 77 (skipped) when a program or the photo is missing.
 #
-#   lut_other_tools.sh QTZQ PHOTO WORKDIR
+#   other_tools_check.sh QTZQ PHOTO WORKDIR
 set -euo pipefail
 qtzq=$1 photo=$2 work=$3
 limit=2
@@ -37,4 +41,17 @@ for look in film elegant 1101; do
   peak=$(peak_difference ours.png ffmpeg.png)
   echo "$look: ffmpeg lut3d with 65 points: largest difference $peak (limit $limit)"
   ((peak <= limit))
+done
+
+convert "$photo" -resize 25% one.png
+convert one.png -negate two.png
+for file in frames.webp frames.tif; do
+  convert one.png two.png -define webp:lossless=true "$file"
+  "$qtzq" apply film "$file" -o ours.png 2>notes.txt
+  grep -q "the first .* is used" notes.txt
+  convert "$file[0]" first.png
+  "$qtzq" apply film first.png -o theirs.png -q
+  differing=$(compare -metric AE ours.png theirs.png null: 2>&1 || true)
+  echo "$file: first frame, $differing pixels differ from ImageMagick's"
+  [[ $differing == 0 ]]
 done
