@@ -320,9 +320,12 @@ def write_image(
     *,
     order: Order = "bgra",
     quality: int = 92,
+    lossless: bool = False,
+    compression: int = 1,
 ) -> None:
-    """Writes an image as PNG, JPEG, WebP (lossy) or TIFF, chosen by the extension
-    (.png, .jpg, .jpeg, .webp, .tif, .tiff), JPEG and WebP at the given quality
-    (1..100; JPEG drops alpha). The file is written under a temporary name and
-    renamed into place, so a failure leaves no partial file. OSError naming the
-    file on failure."""
+    """Writes an image as PNG, JPEG, WebP or TIFF, chosen by the extension (.png,
+    .jpg, .jpeg, .webp, .tif, .tiff): JPEG and lossy WebP at the given quality
+    (1..100; JPEG drops alpha), WebP lossless with lossless=True, PNG and TIFF
+    at the deflate level compression (0..9; 1 is fast, 9 smallest). The file is
+    written under a temporary name and renamed into place, so a failure leaves
+    no partial file. OSError naming the file on failure."""

@@ -78,3 +78,10 @@ def test_strength_and_lut_equal_the_tool(tmp_path):
         1019, 1020, 1022, 1023, 1027, 1028, 1034, 1040, 1101]
     with pytest.raises(ValueError, match="adds random grain"):
         qe.lut(1021)
+
+
+@pytest.mark.parametrize("name, options", [("a.webp", {"lossless": True}), ("a.tif", {}),
+                                           ("a.png", {"compression": 9})])
+def test_lossless_files_round_trip_exactly(name, options, tmp_path):
+    qe.write_image(tmp_path / name, PHOTO, **options)
+    np.testing.assert_array_equal(qe.read_image(tmp_path / name), PHOTO)
