@@ -6,6 +6,7 @@
 #include <libheif/heif.h>
 #include <zlib.h>
 
+#include <algorithm>
 #include <cstring>
 #include <tuple>
 
@@ -162,8 +163,9 @@ TEST_F(PhotoFileTest, FormatsRoundTripPixelsAndTheMetadataTheyHold) {
 }
 
 // HEIC (HEVC) and AVIF (AV1) written by libheif's encoders, where this
-// build of libheif has them, read back close to the original; cut in
-// half, they are refused as corrupt.
+// build of libheif has them, read back close to the original; declaring an
+// enormous size, or cut in half, they are refused.
+constexpr unsigned char kIspe[] = {'i', 's', 'p', 'e'};
 TEST_F(PhotoFileTest, HeifAndAvifFromLibheifReadBack) {
     BgraImage image(64, 48);  // smooth, as 4:2:0 chroma keeps it
     for (int y = 0; y < 48; ++y)
@@ -207,6 +209,18 @@ TEST_F(PhotoFileTest, HeifAndAvifFromLibheifReadBack) {
         EXPECT_LT(total / double(image.pixels.size()), 3.0) << name;
         Bytes bytes;
         ASSERT_TRUE(read_file_bytes(path(name), bytes, error));
+        // The same file declaring 20000 x 20000 pixels in its size boxes.
+        Bytes bomb = bytes;
+        for (auto box = bomb.begin();
+             (box = std::search(box, bomb.end(), std::begin(kIspe), std::end(kIspe))) != bomb.end();
+             ++box) {
+            const std::size_t at = std::size_t(box - bomb.begin());
+            ASSERT_LE(at + 16, bomb.size());
+            put(bomb, at + 8, 4, 20000, false), put(bomb, at + 12, 4, 20000, false);
+        }
+        ASSERT_TRUE(write_file_bytes(path(name), bomb, error));
+        EXPECT_FALSE(read_photo(path(name), back, error));
+        EXPECT_NE(error.find("refused as a decompression bomb"), std::string::npos) << error;
         bytes.resize(bytes.size() / 2);
         ASSERT_TRUE(write_file_bytes(path(name), bytes, error));
         EXPECT_FALSE(read_photo(path(name), back, error));
