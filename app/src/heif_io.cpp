@@ -13,6 +13,8 @@
 namespace qtzq_app {
 namespace {
 
+constexpr int kLargestSide = 23170;  // 23170^2 * 4 bytes stay below INT_MAX
+
 using Context = std::unique_ptr<heif_context, void (*)(heif_context*)>;
 using Handle = std::unique_ptr<heif_image_handle, void (*)(const heif_image_handle*)>;
 using Image = std::unique_ptr<heif_image, void (*)(const heif_image*)>;
@@ -84,6 +86,9 @@ bool decode_heif(const unsigned char* bytes, std::size_t size, const std::string
         return false;
     };
     Context context(heif_context_alloc(), heif_context_free);
+    // libheif's own limit on a side (grids and tiles included), set to the
+    // largest square the applications take.
+    heif_context_set_maximum_image_size_limit(context.get(), kLargestSide);
     if (heif_context_read_from_memory_without_copy(context.get(), bytes, size, nullptr).code !=
         heif_error_Ok)
         return fail("cannot parse the file");
