@@ -83,18 +83,28 @@ void read_metadata_chunk(const unsigned char* type, const unsigned char* data, s
     }
 }
 
-// The ICC profile, EXIF and XMP of a PNG, from its chunks.
-PhotoMetadata png_metadata(const unsigned char* bytes, std::size_t size) {
-    PhotoMetadata metadata;
-    std::size_t at = 8;
-    while (size - at >= 12) {
+// Calls visit(type, data, length) for each chunk of a PNG, in order, up to
+// IEND; false when a chunk's declared length runs past the end of the bytes.
+template <typename Visit>
+bool walk_chunks(const unsigned char* bytes, std::size_t size, Visit visit) {
+    for (std::size_t at = 8; size - at >= 8;) {  // a length and a type to read
         const std::size_t length = big_endian(bytes + at);
-        if (length > size - at - 12) break;
+        if (size - at < 12 || length > size - at - 12) return false;
         const unsigned char* type = bytes + at + 4;
-        read_metadata_chunk(type, bytes + at + 8, length, metadata);
+        visit(type, bytes + at + 8, length);
         if (std::memcmp(type, "IEND", 4) == 0) break;
         at += 12 + length;
     }
+    return true;
+}
+
+// The ICC profile, EXIF and XMP of a PNG, from its chunks.
+PhotoMetadata png_metadata(const unsigned char* bytes, std::size_t size) {
+    PhotoMetadata metadata;
+    walk_chunks(bytes, size, [&](const unsigned char* type, const unsigned char* data,
+                                 std::size_t length) {
+        read_metadata_chunk(type, data, length, metadata);
+    });
     return metadata;
 }
 
@@ -193,6 +203,12 @@ bool read_png_memory(const unsigned char* bytes, std::size_t size, const std::st
                      BgraImage& image, std::string& error) {
     if (!looks_like_png(bytes, size)) {
         error = name + ": not a PNG file";
+        return false;
+    }
+    // libpng allocates a chunk's declared length before reading it: a file
+    // that declares more than it holds is refused first.
+    if (!walk_chunks(bytes, size, [](const unsigned char*, const unsigned char*, std::size_t) {})) {
+        error = name + ": corrupt PNG (a chunk runs past the end of the file)";
         return false;
     }
     PngImage png;

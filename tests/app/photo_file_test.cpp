@@ -229,8 +229,9 @@ TEST_F(PhotoFileTest, HeifAndAvifFromLibheifReadBack) {
     if (formats == 0) GTEST_SKIP() << "libheif has no encoder here";
 }
 
-// Tiny files declaring enormous images, one per format, are refused with
-// a message naming the file, before their pixels are allocated.
+// Tiny files declaring enormous images, one per format, and a PNG chunk
+// declaring more than the file holds, are refused with a message naming
+// the file, before anything that large is allocated.
 TEST_F(PhotoFileTest, DecompressionBombsAreRefusedByTheirHeader) {
     Bytes png = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R'};
     png.resize(16 + 13 + 4);  // IHDR of 30000 x 30000 RGBA and its CRC, an empty IDAT
@@ -253,8 +254,12 @@ TEST_F(PhotoFileTest, DecompressionBombsAreRefusedByTheirHeader) {
         put(tiff, at, 2, fields[i][0], true), put(tiff, at + 2, 2, 4, true);
         put(tiff, at + 4, 4, 1, true), put(tiff, at + 8, 4, fields[i][1], true);
     }
+    // A chunk declaring 1.5 GB (libpng would allocate it before reading).
+    Bytes long_chunk(png.begin(), png.begin() + 33);
+    long_chunk.insert(long_chunk.end(), {0x5A, 0, 0, 0, 'z', 'T', 'X', 't', 'a', 0, 0});
     const std::vector<std::tuple<const char*, Bytes, const char*>> cases = {
         {"bomb.png", png, "too large"},
+        {"chunk.png", long_chunk, "corrupt PNG (a chunk runs past the end of the file)"},
         {"bomb.jpg", jpeg, "refused as a decompression bomb"},
         {"bomb.webp", webp, "refused as a decompression bomb"},
         {"bomb.tif", tiff, "refused as a decompression bomb"},
