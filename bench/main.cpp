@@ -64,6 +64,7 @@ void register_suites() {
     qtzq_bench::register_colour_spaces();
     qtzq_bench::register_tone();
     qtzq_bench::register_blurs();
+    qtzq_bench::register_files();
     qtzq_bench::register_opencv_anchors();
 }
 

@@ -32,6 +32,9 @@ FAMILIES = [
     ("curve/", "Tone curves", "Five-point S curve drawn and applied to blue, green and red."),
     ("blur/", "Blur and sharpening",
      "Radii in pixels; the recursive Gaussian and the blur brush cost the same at every radius."),
+    ("file/", "Photo files",
+     "Decoding the bytes of a file of the photo, and writing one, per format "
+     "(PNG at the default level 1 and at 6, JPEG and lossy WebP at quality 92)."),
     ("opencv/", "OpenCV anchors",
      "The same photo through OpenCV, single-threaded, as a reference."),
 ]

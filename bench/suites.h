@@ -14,6 +14,7 @@ void register_blend_modes();   // each blend mode once per pixel
 void register_colour_spaces(); // colour-space round trips per pixel
 void register_tone();          // tone, saturation, levels, colour balance, curves
 void register_blurs();         // Gaussian, blur brush, unsharp mask, zoom blur
+void register_files();         // decoding and writing photo files, per format
 void register_opencv_anchors();  // does nothing when built without OpenCV
 
 }  // namespace qtzq_bench

@@ -5,7 +5,8 @@
 # everything is there.
 set -euo pipefail
 
-packages=(cmake g++ make libgtest-dev libbenchmark-dev libpng-dev libjpeg-dev binutils pkg-config
+packages=(cmake g++ make libgtest-dev libbenchmark-dev libpng-dev libjpeg-dev
+  libwebp-dev libtiff-dev libheif-dev binutils pkg-config
   python3-dev python3-pybind11 python3-numpy python3-dask python3-distributed python3-pytest
   "$@")
 

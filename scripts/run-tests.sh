@@ -12,6 +12,7 @@
 #   armhf     cross build for 32-bit ARM, whole suite under qemu-arm
 #   matrix    golden digests with clang, and gcc at -O3 -march=native
 #   fuzz      the file readers and frame compositing, 30 s per fuzz target
+#   files     look tables checked in ImageMagick and ffmpeg (installs both)
 #   package   Debian packages (amd64, armhf) and the Python wheel, built,
 #             installed into scratch roots and used; one version in all
 #   wasm      WebAssembly build: golden digests under node, the JavaScript
@@ -19,7 +20,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-all_stages=(default sanitize tsan armhf matrix fuzz package wasm)
+all_stages=(default sanitize tsan armhf matrix fuzz files package wasm)
 stages=("${@:-${all_stages[@]}}")
 jobs=$(nproc 2>/dev/null || echo 2)
 
@@ -43,6 +44,7 @@ for stage in "${stages[@]}"; do
     armhf) scripts/cross-test-armhf.sh ;;
     matrix) scripts/golden-matrix.sh gcc-O3-native clang-O0 clang-normal clang-O3-native ;;
     fuzz) scripts/fuzz.sh 30 ;;
+    files) scripts/install-deps.sh imagemagick ffmpeg && run_preset default qtzq '^files\.' ;;
     package) scripts/package.sh ;;
     wasm) scripts/wasm-test.sh ;;
     *) echo "unknown stage '$stage' (one of: ${all_stages[*]})" >&2; exit 2 ;;

@@ -13,60 +13,67 @@ MaterialNeed composited(const char* kind) { return {"composite colour blend", {k
 MaterialNeed multiplied(const char* kind) { return {"multiplied into the photo", {kind, B::White}}; }
 MaterialNeed table_operand(const char* kind, B base) { return {"second operand of a map", {kind, base}}; }
 
-EffectInfo single(int id, const char* preset, const char* look, bool serialised = false) {
-    return {id, preset, look, Overload::Image, {}, {}, serialised};
+using M = Mapping;
+
+EffectInfo single(int id, const char* preset, const char* look, Mapping mapping,
+                  bool serialised = false) {
+    return {id, preset, look, Overload::Image, {}, {}, serialised, mapping};
 }
 
 std::vector<EffectInfo> build_catalogue() {
     return {
         {1018, "StyleJinDian", "classic", Overload::TwoMaterials,
-         {composited("vignette"), composited("paper")}, {}, false},
-        single(1019, "StyleElegant", "elegant"),
-        single(1020, "StyleFilm", "film"),
-        single(1021, "StyleRetro", "retro grain", true),
-        single(1022, "StyleCinnamon", "cinnamon"),
-        single(1023, "StyleJapanese", "Japanese"),
-        {1026, "StyleOldPhoto", "old photo", Overload::OneMaterial, {screened("paper")}, {}, false},
-        single(1027, "StyleImpression", "impression"),
-        single(1028, "StyleBaoColor", "vivid colour", true),
+         {composited("vignette"), composited("paper")}, {}, false, M::Material},
+        single(1019, "StyleElegant", "elegant", M::ColourMap),
+        single(1020, "StyleFilm", "film", M::ColourMap),
+        single(1021, "StyleRetro", "retro grain", M::Noise, true),
+        single(1022, "StyleCinnamon", "cinnamon", M::ColourMap),
+        single(1023, "StyleJapanese", "Japanese", M::ColourMap),
+        {1026, "StyleOldPhoto", "old photo", Overload::OneMaterial, {screened("paper")}, {}, false,
+         M::Material},
+        single(1027, "StyleImpression", "impression", M::ColourMap),
+        single(1028, "StyleBaoColor", "vivid colour", M::ColourMap, true),
         {1030, "StyleBrightRed", "bright red", Overload::OneMaterial, {screened("light-leak")}, {},
-         false},
+         false, M::Material},
         {1031, "StyleNiuPiZhi", "kraft paper", Overload::Tables,
          {table_operand("paper", B::White), table_operand("vignette", B::Grey)},
-         {"exclusion:0.5", "multiply", "softlight"}, false},
+         {"exclusion:0.5", "multiply", "softlight"}, false, M::Material},
         {1032, "StyleXuanCai", "dazzling colour", Overload::Tables,
          {table_operand("light-leak", B::Black), table_operand("vignette", B::Grey)},
-         {"softlight", "screen", "softlight"}, false},
-        single(1033, "StyleLomoHDRJinDian", "classic lomo HDR"),
-        single(1034, "StyleHeiBai", "black and white"),
-        single(1035, "StyleLomoHDR", "lomo HDR"),
+         {"softlight", "screen", "softlight"}, false, M::Material},
+        single(1033, "StyleLomoHDRJinDian", "classic lomo HDR", M::Neighbourhood),
+        single(1034, "StyleHeiBai", "black and white", M::ColourMap),
+        single(1035, "StyleLomoHDR", "lomo HDR", M::Neighbourhood),
         {1038, "StyleFanHuang", "yellowed", Overload::Tables,
          {table_operand("paper", B::White), table_operand("vignette", B::White)},
-         {"multiply", "multiply", "screen"}, false},
-        single(1039, "StyleLiuJin", "gilded grain", true),
-        single(1040, "StyleXiaoQingXin", "fresh"),
+         {"multiply", "multiply", "screen"}, false, M::Material},
+        single(1039, "StyleLiuJin", "gilded grain", M::Noise, true),
+        single(1040, "StyleXiaoQingXin", "fresh", M::ColourMap),
         {1041, "StyleWarm", "warm", Overload::TwoMaterials,
-         {multiplied("vignette"), soft_lit("light-leak")}, {}, false},
+         {multiplied("vignette"), soft_lit("light-leak")}, {}, false, M::Material},
         {1042, "StyleLomoChristmas", "lomo Christmas", Overload::OneMaterial,
-         {screened("stars")}, {}, false},
-        {1043, "StyleLomoSnow", "lomo snow", Overload::OneMaterial, {screened("snow")}, {}, false},
+         {screened("stars")}, {}, false, M::Material},
+        {1043, "StyleLomoSnow", "lomo snow", Overload::OneMaterial, {screened("snow")}, {}, false,
+         M::Material},
         {1044, "StyleLomoNight", "lomo night", Overload::OneMaterial, {screened("stars")}, {},
-         false},
+         false, M::Material},
         {1045, "StyleLomoHalo", "lomo halo", Overload::OneMaterial, {screened("light-leak")}, {},
-         false},
+         false, M::Material},
         {1046, "StyleLomoStar", "lomo star", Overload::OneMaterial, {soft_lit("stars")}, {},
-         false},
+         false, M::Material},
         {1047, "StyleReverse", "reversal", Overload::OneMaterial,
-         {{"soft light, opacity from its alpha", {"vignette", B::Grey}}}, {}, false},
+         {{"soft light, opacity from its alpha", {"vignette", B::Grey}}}, {}, false,
+         M::Material},
         {1048, "StyleFenHongJiaRen", "pink beauty", Overload::ThreeMaterials,
-         {composited("vignette"), composited("light-leak"), composited("grain")}, {}, false},
-        single(1101, "StyleGray", "grey"),
+         {composited("vignette"), composited("light-leak"), composited("grain")}, {}, false,
+         M::Material},
+        single(1101, "StyleGray", "grey", M::ColourMap),
         {1102, "StyleRiguanghaian", "sunlit shore", Overload::OneMaterial,
-         {screened("light-leak")}, {}, false},
+         {screened("light-leak")}, {}, false, M::Material},
         // The recipe is the library's own choice; the material is screened
         // in the other sunlight presets, so a light leak is the default.
         {1104, "StyleYiZhou", "YiZhou", Overload::OneMaterial,
-         {{"blended by the preset", {"light-leak", B::Black}}}, {}, true},
+         {{"blended by the preset", {"light-leak", B::Black}}}, {}, true, M::Material},
     };
 }
 
@@ -101,6 +108,22 @@ std::string table_modes_text(const EffectInfo& info, const std::string& separato
     std::string text;
     for (const char* mode : info.table_modes) text += (text.empty() ? "" : separator) + mode;
     return text;
+}
+
+std::string lut_refusal(const EffectInfo& info) {
+    const std::string name = std::to_string(info.id) + " " + info.preset;
+    switch (info.mapping) {
+        case Mapping::ColourMap: return "";
+        case Mapping::Material:
+            return name + " blends material images over the photo, so the result depends on "
+                          "where a pixel is, not only on its colour";
+        case Mapping::Noise:
+            return name + " adds random grain, so one colour does not always give the same result";
+        case Mapping::Neighbourhood:
+            return name + " looks at other pixels (levels of the whole image, sharpening), so "
+                          "the result depends on more than a pixel's colour";
+    }
+    return "";
 }
 
 int material_count(Overload overload) {

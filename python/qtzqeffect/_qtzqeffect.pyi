@@ -48,6 +48,10 @@ class Effect:
         """True when the effect touches process-wide library state (it reseeds
         rand() from the clock, or may use the shared blur): such effects run
         one at a time."""
+    @property
+    def colour_map(self) -> bool:
+        """True when each pixel's result depends on its colour alone, so that lut()
+        holds the whole look."""
 
 def apply(
     effect: EffectName,
@@ -56,6 +60,7 @@ def apply(
     tables: BytesLike | None = None,
     order: Order = "bgra",
     inplace: bool = False,
+    strength: int = 100,
 ) -> Image:
     """Applies a catalogue effect to an image and returns the result.
 
@@ -65,12 +70,22 @@ def apply(
     the image's size and in the same order; slots not given get the generated
     defaults that default_materials() returns. tables is a blend table set
     (bytes-like, at least 196618 bytes) for the effects that take one; None
-    gives the generated default. The image's alpha is kept.
+    gives the generated default. The image's alpha is kept. strength (0..100)
+    mixes the original back in: each colour channel becomes
+    (original * (100 - strength) + result * strength + 50) // 100, alpha is the
+    result's.
 
     Effects marked serialised in the catalogue (clock-seeded noise, shared blur
     state) run one at a time in the process; the clock-seeded ones (1021,
     1039) reseed the process-wide rand() from the current second, so their
     grain changes from second to second."""
+
+def lut(effect: EffectName, size: int = 33) -> npt.NDArray[np.float32]:
+    """The colour lookup table of a look that is a pure colour map (see
+    Effect.colour_map), as qtzq lut writes it to a .cube file: float32 of
+    shape (size, size, size, 3), indexed [red, green, blue] at the inputs
+    i * 255 / (size - 1), holding red, green and blue in 0..1 (interpolated
+    linearly between bytes; exact for size 256). ValueError for other looks."""
 
 def catalogue() -> list[Effect]:
     """Every effect of the catalogue, in id order."""
@@ -289,13 +304,14 @@ class Bubble:
         then 255."""
 
 def read_image(path: str | os.PathLike[str], *, order: Order = "bgra") -> Image:
-    """Reads a PNG or JPEG file (recognised by its content; grey, palette, RGB or
-    RGBA) into a (height, width, 4) array: BGRA, or RGBA with order='rgb'.
-    Images without alpha come back opaque. OSError naming the file when it
-    cannot be read or decoded."""
+    """Reads a PNG, JPEG, WebP, TIFF, HEIF or AVIF file (recognised by its
+    content; grey, palette, RGB or RGBA; the first frame or page of an animated
+    or multi-page file) into a (height, width, 4) array: BGRA, or RGBA with
+    order='rgb', turned upright by its EXIF orientation. Images without alpha
+    come back opaque. OSError naming the file when it cannot be read or decoded."""
 
 def decode_image(data: BytesLike, *, order: Order = "bgra") -> Image:
-    """Decodes the bytes of a PNG or JPEG file as read_image() does (ValueError
+    """Decodes the bytes of an image file as read_image() does (ValueError
     when they are not one)."""
 
 def write_image(
@@ -304,8 +320,12 @@ def write_image(
     *,
     order: Order = "bgra",
     quality: int = 92,
+    lossless: bool = False,
+    compression: int = 1,
 ) -> None:
-    """Writes an image as PNG or JPEG, chosen by the extension (.png, .jpg, .jpeg),
-    JPEG at the given quality (1..100; JPEG drops alpha). The file is written
-    under a temporary name and renamed into place, so a failure leaves no
-    partial file. OSError naming the file on failure."""
+    """Writes an image as PNG, JPEG, WebP or TIFF, chosen by the extension (.png,
+    .jpg, .jpeg, .webp, .tif, .tiff): JPEG and lossy WebP at the given quality
+    (1..100; JPEG drops alpha), WebP lossless with lossless=True, PNG and TIFF
+    at the deflate level compression (0..9; 1 is fast, 9 smallest). The file is
+    written under a temporary name and renamed into place, so a failure leaves
+    no partial file. OSError naming the file on failure."""

@@ -43,7 +43,8 @@ Step = Union[int, str, Callable[[np.ndarray], np.ndarray]]
 #: Told (files done, files in all) as files finish.
 ProgressCallback = Callable[[int, int], None]
 
-IMAGE_SUFFIXES = (".png", ".jpg", ".jpeg")
+WRITABLE_SUFFIXES = (".png", ".jpg", ".jpeg", ".webp", ".tif", ".tiff")
+IMAGE_SUFFIXES = WRITABLE_SUFFIXES + (".heic", ".heif", ".avif")
 
 
 @dataclass(frozen=True)
@@ -77,7 +78,7 @@ def apply_to_files(
     """Runs ``steps`` on every input file and writes the results to ``out_dir``.
 
     ``steps`` is one step or a sequence of them, applied in order (see
-    :data:`Step`). ``inputs`` is a folder (its PNG and JPEG files, sorted) or
+    :data:`Step`). ``inputs`` is a folder (its image files, sorted) or
     an iterable of image paths. Each result is named after its input, with
     the input's extension or ``output_format`` ("png" or "jpg"); ``out_dir``
     is created if needed. JPEG results are written at ``quality``.
@@ -153,8 +154,8 @@ class _CompiledCall:
 def _output_suffix(output_format: str | None) -> str | None:
     if output_format is None:
         return None
-    if output_format not in ("png", "jpg", "jpeg"):
-        raise ValueError(f"output_format must be 'png' or 'jpg', not {output_format!r}")
+    if "." + output_format not in WRITABLE_SUFFIXES:
+        raise ValueError(f"output_format must be 'png', 'jpg', 'webp' or 'tif', not {output_format!r}")
     return "." + output_format
 
 
@@ -171,7 +172,7 @@ def _plan(paths: list[Path], out_dir: Path, suffix: str | None) -> list[tuple[st
     jobs: list[tuple[str, str]] = []
     taken: dict[Path, Path] = {}
     for path in paths:
-        ending = suffix or (path.suffix if path.suffix.lower() in IMAGE_SUFFIXES else ".png")
+        ending = suffix or (path.suffix if path.suffix.lower() in WRITABLE_SUFFIXES else ".png")
         output = out_dir / (path.stem + ending)
         if output in taken:
             raise ValueError(f"{taken[output]} and {path} would both be written to {output}")

@@ -3,8 +3,10 @@
 
 #include "qtzq_app/blend_tables.h"
 #include "qtzq_app/catalogue.h"
+#include "qtzq_app/colour_lut.h"
 #include "qtzq_app/effect_inputs.h"
 #include "qtzq_app/effect_runner.h"
+#include "qtzq_app/strength.h"
 
 #include "arrays.h"
 #include "bindings.h"
@@ -22,7 +24,10 @@ underscores do not matter. materials are the effect's material images, of
 the image's size and in the same order; slots not given get the generated
 defaults that default_materials() returns. tables is a blend table set
 (bytes-like, at least 196618 bytes) for the effects that take one; None
-gives the generated default. The image's alpha is kept.
+gives the generated default. The image's alpha is kept. strength (0..100)
+mixes the original back in: each colour channel becomes
+(original * (100 - strength) + result * strength + 50) // 100, alpha is the
+result's.
 
 Effects marked serialised in the catalogue (clock-seeded noise, shared blur
 state) run one at a time in the process; the clock-seeded ones (1021,
@@ -91,8 +96,9 @@ std::vector<unsigned char> tables_for(const EffectInfo& info, const py::object& 
 }
 
 py::object apply(const py::object& effect, const py::object& image, const py::args& materials,
-                 const py::object& tables, const std::string& order, bool inplace) {
+                 const py::object& tables, const std::string& order, bool inplace, int strength) {
     const EffectInfo& info = resolve_effect(effect);
+    if (strength < 0 || strength > 100) throw py::value_error("strength must lie in 0..100");
     const Order layout = parse_order(order);
     Photo photo(image, layout, inplace);
     std::vector<BgraImage> inputs =
@@ -100,8 +106,13 @@ py::object apply(const py::object& effect, const py::object& image, const py::ar
     std::vector<unsigned char> table_set = tables_for(info, tables);
     without_gil([&] {
         add_default_materials(info, inputs, photo.width(), photo.height());
+        const std::size_t count = std::size_t(photo.width()) * photo.height();
+        const std::vector<unsigned char> original =
+            strength < 100 ? std::vector<unsigned char>(photo.pixels(), photo.pixels() + count * 4)
+                           : std::vector<unsigned char>();
         qtzq_app::run_effect(info, photo.pixels(), photo.width(), photo.height(), inputs,
                              table_set.empty() ? nullptr : table_set.data());
+        if (strength < 100) qtzq_app::mix_strength(original.data(), photo.pixels(), count, strength);
     });
     return photo.result();
 }
@@ -131,6 +142,23 @@ py::object default_tables(const py::object& effect) {
     if (!qtzq_app::needs_tables(info.overload)) return py::none();
     const std::vector<unsigned char> set = qtzq_app::default_table_set(info);
     return py::bytes(reinterpret_cast<const char*>(set.data()), set.size());
+}
+
+// The look's table as float32 (size, size, size, 3) indexed [red, green,
+// blue], holding red, green and blue in 0..1.
+py::array lut(const py::object& effect, int size) {
+    const EffectInfo& info = resolve_effect(effect);
+    const std::string refusal = qtzq_app::lut_refusal(info);
+    if (!refusal.empty()) throw py::value_error("no lookup table: " + refusal);
+    if (size < qtzq_app::kCubeSizeMin || size > qtzq_app::kCubeSizeMax)
+        throw py::value_error("size must lie in 2..256");
+    auto* table = new std::vector<float>(without_gil([&] {
+        return qtzq_app::cube_table(qtzq_app::hald_clut(info, qtzq_app::kHaldLevelMax), size);
+    }));
+    py::capsule owner(table, [](void* p) { delete static_cast<std::vector<float>*>(p); });
+    const py::ssize_t s = size, f = sizeof(float);
+    return py::array_t<float>({s, s, s, py::ssize_t(3)}, {3 * f, 3 * f * s, 3 * f * s * s, f},
+                              table->data(), owner);
 }
 
 void bind_effect_class(py::module_& module) {
@@ -175,6 +203,11 @@ void bind_effect_class(py::module_& module) {
                       "True when the effect touches process-wide library state (it reseeds\n"
                       "rand() from the clock, or may use the shared blur): such effects run\n"
                       "one at a time.")
+        .def_property_readonly(
+            "colour_map",
+            [](const EffectInfo& e) { return e.mapping == qtzq_app::Mapping::ColourMap; },
+            "True when each pixel's result depends on its colour alone, so that lut()\n"
+            "holds the whole look.")
         .def("__repr__", [](const EffectInfo& e) {
             return "<Effect " + effect_title(e) + " '" + e.look +
                    "': " + qtzq_app::overload_text(e.overload) + ">";
@@ -187,7 +220,14 @@ void bind_effects(py::module_& module) {
     bind_effect_class(module);
     module.def("apply", &apply, kApplyDoc, py::arg("effect"), py::arg("image"),
                py::arg("tables") = py::none(), py::arg("order") = "bgra",
-               py::arg("inplace") = false);
+               py::arg("inplace") = false, py::arg("strength") = 100);
+    module.def("lut", &lut,
+               "The colour lookup table of a look that is a pure colour map (see\n"
+               "Effect.colour_map), as qtzq lut writes it to a .cube file: float32 of\n"
+               "shape (size, size, size, 3), indexed [red, green, blue] at the inputs\n"
+               "i * 255 / (size - 1), holding red, green and blue in 0..1 (interpolated\n"
+               "linearly between bytes; exact for size 256). ValueError for other looks.",
+               py::arg("effect"), py::arg("size") = 33);
     module.def("catalogue", &catalogue_list, "Every effect of the catalogue, in id order.");
     module.def(
         "effect_info", [](const py::object& effect) { return &resolve_effect(effect); },

@@ -70,7 +70,7 @@ TEST_F(ImageFileTest, JpegRoundTripIsCloseAndOpaque) {
 
 TEST_F(ImageFileTest, FailuresNameTheFileAndLeaveNothingBehind) {
     std::string error;
-    for (const std::string name : {"whole.png", "whole.jpg"}) {
+    for (const std::string name : {"whole.png", "whole.jpg", "whole.webp", "whole.tif"}) {
         ASSERT_TRUE(qtzq_app::write_image(path(name), sample_photo(40, 30), 92, error));
         Bytes bytes;
         ASSERT_TRUE(qtzq_app::read_file_bytes(path(name), bytes, error));

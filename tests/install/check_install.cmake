@@ -9,6 +9,10 @@ function(run)
 endfunction()
 
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK}/prefix)
+# The installed tool finds the library through its own run path.
+if(EXISTS ${WORK}/prefix/bin/qtzq)
+  run(${WORK}/prefix/bin/qtzq list --tsv OUTPUT_QUIET)
+endif()
 set(ENV{PKG_CONFIG_PATH} "${WORK}/prefix/lib/pkgconfig:${WORK}/prefix/lib64/pkgconfig")
 foreach(dir lib lib64)
   file(GLOB multiarch LIST_DIRECTORIES true ${WORK}/prefix/${dir}/*/pkgconfig)

@@ -35,7 +35,7 @@ def check_results(results, photos, out):
     assert [r.input for r in results] == sorted(str(p) for p in photos.glob("*.png"))
     failed = [r for r in results if not r.ok]
     assert [r.input for r in failed] == [str(photos / "broken.png")]
-    assert "not a PNG or JPEG file" in failed[0].error
+    assert "not a PNG, JPEG, WebP, TIFF, HEIF or AVIF file" in failed[0].error
     for result in results:
         if result.ok:
             np.testing.assert_array_equal(qe.read_image(result.output), direct(result.input))

@@ -58,3 +58,30 @@ def test_fewer_materials_than_slots_get_the_defaults():
         qe.apply(1041, PHOTO, given), qe.apply(1041, PHOTO, given, default[1]))
     rgb = qe.default_materials(1041, 64, 48, order="rgb")
     np.testing.assert_array_equal(default[0][..., [2, 1, 0, 3]], rgb[0])
+
+
+def test_strength_and_lut_equal_the_tool(tmp_path):
+    qe.write_image(tmp_path / "in.png", PHOTO)
+    run_tool("apply", "film", tmp_path / "in.png", "-o", tmp_path / "out.png", "--strength", 35)
+    np.testing.assert_array_equal(qe.apply("film", PHOTO, strength=35),
+                                  qe.read_image(tmp_path / "out.png"))
+    # Full strength is the look, none the original colours with the look's alpha.
+    np.testing.assert_array_equal(qe.apply("film", PHOTO, strength=100), qe.apply("film", PHOTO))
+    np.testing.assert_array_equal(qe.apply("film", PHOTO, strength=0), PHOTO)
+    # The exact table indexed [red, green, blue] is the look on those colours.
+    table = qe.lut("film", 256)
+    look = qe.apply("film", PHOTO)
+    blue, green, red = PHOTO[..., 0], PHOTO[..., 1], PHOTO[..., 2]
+    np.testing.assert_array_equal(np.rint(table[red, green, blue] * 255), look[..., 2::-1])
+    assert qe.lut(1020).shape == (33, 33, 33, 3)
+    assert [e.id for e in qe.catalogue() if e.colour_map] == [
+        1019, 1020, 1022, 1023, 1027, 1028, 1034, 1040, 1101]
+    with pytest.raises(ValueError, match="adds random grain"):
+        qe.lut(1021)
+
+
+@pytest.mark.parametrize("name, options", [("a.webp", {"lossless": True}), ("a.tif", {}),
+                                           ("a.png", {"compression": 9})])
+def test_lossless_files_round_trip_exactly(name, options, tmp_path):
+    qe.write_image(tmp_path / name, PHOTO, **options)
+    np.testing.assert_array_equal(qe.read_image(tmp_path / name), PHOTO)

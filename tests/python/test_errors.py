@@ -40,7 +40,7 @@ CASES = [
     (lambda: qe.blend("dodge", PHOTO, PHOTO), ValueError, "unknown blend mode 'dodge'"),
     (lambda: qe.blend("screen", PHOTO, SMALL), ValueError, "layer is 32x24 but the image is 64x48"),
     # codecs and readers
-    (lambda: qe.decode_image(b"hello"), ValueError, "data: not a PNG or JPEG file"),
+    (lambda: qe.decode_image(b"hello"), ValueError, "data: not a PNG, JPEG, WebP, TIFF, HEIF or AVIF file"),
     (lambda: qe.write_image("out.gif", PHOTO), ValueError, "out.gif: unknown image type"),
     (lambda: qe.Frame(b""), ValueError, "the frame file is empty"),
     (lambda: qe.FreeCollage(b"x" * 40), ValueError, "not a free collage layout"),

@@ -38,7 +38,7 @@ def test_frame_pieces_are_the_files_and_bad_ones_are_named(tmp_path, frame_file)
         assert frame.encoded_piece(slot) == (tmp_path / f"{name}.png").read_bytes()
     start = data.index(b"\x89PNG")  # the first piece's data: the top-left corner
     data[start:start + 4] = b"JUNK"
-    with pytest.raises(ValueError, match="top-left piece: not a PNG or JPEG file"):
+    with pytest.raises(ValueError, match="top-left piece: not a PNG, JPEG, WebP, TIFF, HEIF or AVIF file"):
         qe.Frame(bytes(data))
 
 

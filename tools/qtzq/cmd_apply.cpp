@@ -9,6 +9,7 @@
 #include "qtzq_app/effect_runner.h"
 #include "qtzq_app/errors.h"
 #include "qtzq_app/image_file.h"
+#include "qtzq_app/strength.h"
 
 #include "args.h"
 #include "commands.h"
@@ -26,20 +27,33 @@ namespace fs = std::filesystem;
 const char* const kHelp =
     "usage: qtzq apply EFFECT INPUT... (-o OUTPUT | --out-dir DIR) [options]\n\n"
     "Applies one effect of the catalogue ('qtzq list') to every INPUT photo\n"
-    "(PNG or JPEG; RGB, RGBA, grey or palette; alpha is kept) through\n"
-    "Qtzqeffect::effect and writes the result as PNG or JPEG, chosen by the\n"
-    "output's extension. EFFECT is an id or a preset name, e.g. 1020, StyleFilm\n"
-    "or film.\n\n"
+    "(PNG, JPEG, WebP, TIFF, HEIF/HEIC or AVIF; alpha is kept; the first frame\n"
+    "or page of an animated or multi-page file) through Qtzqeffect::effect and\n"
+    "writes the result as PNG, JPEG, WebP or TIFF, chosen by the output's\n"
+    "extension. EFFECT is an id or a preset name, e.g. 1020, StyleFilm or film.\n\n"
+    "The photo is turned upright by its EXIF orientation first, and the result\n"
+    "keeps the input's ICC profile, EXIF (orientation 1, no thumbnail) and XMP\n"
+    "where its format holds them (PNG, JPEG and WebP all three, TIFF the profile\n"
+    "and XMP). The pixels are not colour converted.\n\n"
     "Options:\n"
-    "  -o, --output FILE     the result of a single INPUT (.png, .jpg, .jpeg)\n"
+    "  -o, --output FILE     the result of a single INPUT (.png, .jpg, .jpeg,\n"
+    "                        .webp, .tif, .tiff)\n"
     "      --out-dir DIR     one result per INPUT, named after it (DIR is created)\n"
-    "      --format png|jpg  with --out-dir: type of the results (default: as INPUT)\n"
+    "      --format F        with --out-dir: type of the results, png, jpg, webp or\n"
+    "                        tif (default: as INPUT, PNG for HEIF and AVIF)\n"
     "  -m, --material FILE   a material image; repeat for the 2nd and 3rd slot.\n"
     "                        A material of another size than the photo is scaled\n"
     "                        to it (bilinear) with a note on stderr\n"
     "      --exact-size      refuse materials whose size differs from the photo's\n"
     "      --tables FILE     a blend table set (196618 bytes, see 'qtzq tables')\n"
-    "      --quality N       JPEG quality 1..100 (default 92)\n"
+    "      --strength P      0..100 (default 100): each colour channel becomes\n"
+    "                        (original x (100 - P) + result x P + 50) / 100,\n"
+    "                        alpha is the result's\n"
+    "      --quality N       JPEG and lossy WebP quality 1..100 (default 92)\n"
+    "      --lossless        WebP: lossless instead of lossy\n"
+    "      --compression N   PNG and TIFF deflate level 0..9 (default 1: fast;\n"
+    "                        9: smallest files, several times slower)\n"
+    "      --strip           write no metadata (profile, EXIF, XMP)\n"
     "  -j, --jobs N          photos processed at once (default: hardware threads)\n"
     "  -q, --quiet           no notes and no progress bar\n\n"
     "Materials and tables that are not given are generated to suit the effect\n"
@@ -91,8 +105,9 @@ std::vector<Job> plan_jobs(const std::vector<std::string>& inputs, const ParsedA
         throw UsageError("-o takes one INPUT; use --out-dir DIR for " +
                          std::to_string(inputs.size()));
     std::string format = args.value("format");
-    if (!format.empty() && format != "png" && format != "jpg" && format != "jpeg")
-        throw UsageError("--format must be png or jpg, not '" + format + "'");
+    ImageFormat chosen;
+    if (!format.empty() && !format_for_path("." + format, chosen))
+        throw UsageError("--format must be png, jpg, webp or tif, not '" + format + "'");
     if (!format.empty() && single) throw UsageError("--format goes with --out-dir");
     std::vector<Job> jobs;
     std::set<std::string> outputs;
@@ -101,7 +116,7 @@ std::vector<Job> plan_jobs(const std::vector<std::string>& inputs, const ParsedA
             single ? args.value("output") : output_in_dir(input, args.value("out-dir"), format);
         ImageFormat unused;
         if (!format_for_path(output, unused))
-            throw UsageError(output + ": unknown image type (use .png, .jpg or .jpeg)");
+            throw UsageError(output + ": unknown image type (use " + writable_extensions() + ")");
         if (!outputs.insert(fs::path(output).lexically_normal().string()).second)
             throw UsageError("two INPUTs would both be written to " + output);
         jobs.push_back({input, output});
@@ -109,15 +124,24 @@ std::vector<Job> plan_jobs(const std::vector<std::string>& inputs, const ParsedA
     return jobs;
 }
 
+struct Settings {
+    unsigned char* tables;
+    WriteOptions write;
+    int strength;
+    bool strip;
+};
+
 // Reads, applies and writes one photo; reports problems on the console.
-bool process(const Job& job, const EffectInputs& inputs, unsigned char* tables, int quality,
+bool process(const Job& job, const EffectInputs& inputs, const Settings& settings,
              Console& console) {
-    BgraImage photo;
+    Photo file;
     std::string error;
-    if (!read_image(job.input, photo, error)) {
+    if (!read_photo(job.input, file, error)) {
         console.error(error);
         return false;
     }
+    for (const auto& note : file.notes) console.note(note);
+    BgraImage& photo = file.image;
     std::vector<std::string> notes;
     std::vector<BgraImage> materials;
     try {
@@ -127,12 +151,17 @@ bool process(const Job& job, const EffectInputs& inputs, unsigned char* tables, 
         return false;
     }
     for (const auto& note : notes) console.note(note);
-    run_effect(inputs.info(), photo, materials, tables);
+    const BgraImage original = settings.strength < 100 ? photo : BgraImage();
+    run_effect(inputs.info(), photo, materials, settings.tables);
+    if (settings.strength < 100)
+        mix_strength(original.pixels.data(), photo.data(), photo.pixels.size() / 4,
+                     settings.strength);
     ImageFormat format = ImageFormat::Png;
     format_for_path(job.output, format);
     if (format == ImageFormat::Jpeg && has_transparency(photo))
         console.note(job.output + ": JPEG keeps no alpha; the transparency is dropped");
-    if (!write_image(job.output, photo, quality, error)) {
+    if (!write_photo(job.output, photo, settings.strip ? PhotoMetadata() : file.metadata,
+                     settings.write, error)) {
         console.error(error);
         return false;
     }
@@ -149,6 +178,10 @@ int run_apply(const Words& words) {
                                                {"exact-size", 0, false, false},
                                                {"tables", 0, true, false},
                                                {"quality", 0, true, false},
+                                               {"strength", 0, true, false},
+                                               {"lossless", 0, false, false},
+                                               {"compression", 0, true, false},
+                                               {"strip", 0, false, false},
                                                {"jobs", 'j', true, false},
                                                {"quiet", 'q', false, false}});
     if (args.has("help")) {
@@ -159,7 +192,11 @@ int run_apply(const Words& words) {
     const EffectInfo& info = resolve_effect(args.positionals[0]);
     const std::vector<std::string> input_paths(args.positionals.begin() + 1, args.positionals.end());
     const std::vector<Job> jobs = plan_jobs(input_paths, args);
-    const int quality = args.int_value("quality", 92, 1, 100);
+    Settings settings{nullptr, {}, args.int_value("strength", 100, 0, 100), args.has("strip")};
+    settings.write.quality = args.int_value("quality", 92, 1, 100);
+    settings.write.lossless = args.has("lossless");
+    settings.write.compression =
+        args.int_value("compression", WriteOptions::kDefaultCompression, 0, 9);
     const unsigned threads = unsigned(args.int_value("jobs", int(default_jobs()), 1, 1024));
 
     EffectInputs inputs(info, args.values("material"), args.value("tables"), args.has("exact-size"));
@@ -173,11 +210,12 @@ int run_apply(const Words& words) {
     }
 
     std::atomic<std::size_t> failed{0};
+    settings.tables = inputs.tables();
     console.start(jobs.size());
     run_parallel(jobs.size(), threads, [&](std::size_t i) {
         bool ok = false;
         try {
-            ok = process(jobs[i], inputs, inputs.tables(), quality, console);
+            ok = process(jobs[i], inputs, settings, console);
         } catch (const std::exception& e) {
             console.error(jobs[i].input + ": " + e.what());
         }

@@ -19,15 +19,17 @@ using namespace qtzq_app;
 namespace {
 
 const char* const kHelp =
-    "usage: qtzq frame FRAMEFILE PHOTO -o OUTPUT [--scale S] [--quality N]\n\n"
+    "usage: qtzq frame FRAMEFILE PHOTO -o OUTPUT [--scale S] [--quality N] [--strip]\n\n"
     "Draws the frame of FRAMEFILE around PHOTO with the library's frame\n"
     "compositing (cframe): the corner pieces in the corners, the edge pieces\n"
     "repeated along the sides, the photo cropped by the part of each side that\n"
     "is not a whole number of edge pieces. The pieces in the file are PNG (or\n"
-    "JPEG) images; 'qtzq make-frame' builds such files.\n\n"
-    "  -o, --output FILE  the framed photo (.png, .jpg, .jpeg)\n"
+    "JPEG) images; 'qtzq make-frame' builds such files. PHOTO is turned upright\n"
+    "by its EXIF orientation, and its metadata is kept as 'qtzq apply' keeps it.\n\n"
+    "  -o, --output FILE  the framed photo (.png, .jpg, .jpeg, .webp, .tif, .tiff)\n"
     "      --scale S      multiplies the corner insets (default 1)\n"
-    "      --quality N    JPEG quality 1..100 (default 92)\n";
+    "      --quality N    JPEG and WebP quality 1..100 (default 92)\n"
+    "      --strip        write no metadata (profile, EXIF, XMP)\n";
 
 std::vector<unsigned char> load_frame_file(const std::string& path) {
     std::vector<unsigned char> bytes;
@@ -61,7 +63,8 @@ void load_pieces(cframe& frame, std::vector<unsigned char>& bytes, const std::st
 int run_frame(const Words& words) {
     const ParsedArgs args = parse_args(words, {{"output", 'o', true, false},
                                                {"scale", 0, true, false},
-                                               {"quality", 0, true, false}});
+                                               {"quality", 0, true, false},
+                                               {"strip", 0, false, false}});
     if (args.has("help")) {
         std::cout << kHelp;
         return kExitOk;
@@ -69,15 +72,19 @@ int run_frame(const Words& words) {
     if (args.positionals.size() != 2) throw UsageError("needs FRAMEFILE and PHOTO");
     if (!args.has("output")) throw UsageError("needs -o OUTPUT");
     const float scale = float(args.double_value("scale", 1.0, 0.0, 1000.0));
-    const int quality = args.int_value("quality", 92, 1, 100);
+    WriteOptions options;
+    options.quality = args.int_value("quality", 92, 1, 100);
     ImageFormat unused;
     if (!format_for_path(args.value("output"), unused))
-        throw UsageError(args.value("output") + ": unknown image type (use .png, .jpg or .jpeg)");
+        throw UsageError(args.value("output") + ": unknown image type (use " +
+                         writable_extensions() + ")");
 
     std::vector<unsigned char> bytes = load_frame_file(args.positionals[0]);
-    BgraImage photo;
+    Photo file;
     std::string error;
-    if (!read_image(args.positionals[1], photo, error)) throw RunError(error);
+    if (!read_photo(args.positionals[1], file, error)) throw RunError(error);
+    for (const auto& note : file.notes) std::cerr << "qtzq frame: note: " << note << '\n';
+    BgraImage& photo = file.image;
 
     cframe frame;
     load_pieces(frame, bytes, args.positionals[0]);
@@ -87,7 +94,9 @@ int run_frame(const Words& words) {
     if (!framed) throw RunError(args.positionals[1] + ": the framed photo would be too large");
     BgraImage result(width, height);
     std::memcpy(result.data(), framed, result.pixels.size());
-    if (!write_image(args.value("output"), result, quality, error)) throw RunError(error);
+    if (!write_photo(args.value("output"), result, args.has("strip") ? PhotoMetadata() : file.metadata,
+                     options, error))
+        throw RunError(error);
     return kExitOk;
 }
 

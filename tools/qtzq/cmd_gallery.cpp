@@ -8,6 +8,7 @@
 #include "qtzq_app/effect_runner.h"
 #include "qtzq_app/image_file.h"
 #include "qtzq_app/resample.h"
+#include "qtzq_app/strength.h"
 #include "qtzq_app/test_scene.h"
 
 #include "args.h"
@@ -44,6 +45,8 @@ const char* const kHelp =
     "                        first (default 960; 0 keeps the full size)\n"
     "      --thumb-width N   contact sheet thumbnail width (default 200)\n"
     "      --columns N       contact sheet columns (default 6)\n"
+    "      --strength P      every effect at P percent, 0..100 (default 100; see\n"
+    "                        'qtzq apply --help')\n"
     "  -j, --jobs N          effects rendered at once (default: hardware threads)\n"
     "  -q, --quiet           no progress bar\n";
 
@@ -79,7 +82,7 @@ BgraImage load_source(const ParsedArgs& args, std::string& name) {
 
 // Renders one effect and writes its image and its generated materials.
 Rendered render(const EffectInfo& info, const BgraImage& source, const fs::path& dir,
-                int thumb_width, Console& console) {
+                int thumb_width, int strength, Console& console) {
     Rendered out;
     out.file = slug(info) + ".png";
     EffectInputs inputs(info, {}, "", false);
@@ -101,6 +104,7 @@ Rendered render(const EffectInfo& info, const BgraImage& source, const fs::path&
     BgraImage photo = source;
     run_effect(info, photo, materials, inputs.tables());
     out.changed = photo.pixels != source.pixels;
+    mix_strength(source.pixels.data(), photo.data(), photo.pixels.size() / 4, strength);
     if (!write_image((dir / out.file).string(), photo, 92, error)) {
         console.error(error);
         return out;
@@ -125,6 +129,7 @@ int run_gallery(const Words& words) {
                                                {"max-size", 0, true, false},
                                                {"thumb-width", 0, true, false},
                                                {"columns", 0, true, false},
+                                               {"strength", 0, true, false},
                                                {"jobs", 'j', true, false},
                                                {"quiet", 'q', false, false}});
     if (args.has("help")) {
@@ -137,6 +142,7 @@ int run_gallery(const Words& words) {
     layout.thumb_width = args.int_value("thumb-width", 200, 16, 4096);
     layout.columns = args.int_value("columns", 6, 1, 100);
     const unsigned threads = unsigned(args.int_value("jobs", int(default_jobs()), 1, 1024));
+    const int strength = args.int_value("strength", 100, 0, 100);
 
     std::string source_name;
     const BgraImage source = load_source(args, source_name);
@@ -153,7 +159,7 @@ int run_gallery(const Words& words) {
     console.start(entries.size());
     run_parallel(entries.size(), threads, [&](std::size_t i) {
         try {
-            rendered[i] = render(entries[i], source, dir, layout.thumb_width, console);
+            rendered[i] = render(entries[i], source, dir, layout.thumb_width, strength, console);
         } catch (const std::exception& e) {
             console.error(slug(entries[i]) + ": " + e.what());
         }

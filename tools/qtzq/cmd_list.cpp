@@ -21,11 +21,12 @@ const char* const kHelp =
     "and the inputs it needs besides the photo. Materials and blend tables that\n"
     "you do not pass to 'qtzq apply' are generated (shown as KIND/BASE; see\n"
     "'qtzq material --help'). Effects marked * touch process-wide library state\n"
-    "and are never run two at a time.\n\n"
+    "and are never run two at a time. LUT shows the looks that are pure colour\n"
+    "maps: 'qtzq lut' exports them as a .cube table or a Hald CLUT image.\n\n"
     "An EFFECT argument of the other commands may be the id, the preset name\n"
     "with or without 'Style', or the look (case, spaces and dashes ignored).\n\n"
     "  --tsv   tab-separated: id, preset, look, overload, materials, tables,\n"
-    "          serialised (yes/no), for scripts\n";
+    "          serialised (yes/no), colour map (yes/no), for scripts\n";
 
 std::string materials_text(const EffectInfo& info) {
     std::string text;
@@ -36,16 +37,19 @@ std::string materials_text(const EffectInfo& info) {
     return text;
 }
 
+bool colour_map(const EffectInfo& info) { return info.mapping == Mapping::ColourMap; }
+
 void print_table(std::ostream& out) {
     out << std::left << std::setw(6) << "ID" << std::setw(21) << "PRESET" << std::setw(18)
-        << "LOOK" << std::setw(22) << "OVERLOAD"
+        << "LOOK" << std::setw(22) << "OVERLOAD" << std::setw(5) << "LUT"
         << "NEEDS\n";
     for (const auto& info : catalogue()) {
         std::string needs = materials_text(info);
         if (needs_tables(info.overload)) needs += "; tables " + table_modes_text(info, " ");
         out << std::setw(6) << (std::to_string(info.id) + (info.serialised ? "*" : ""))
             << std::setw(21) << info.preset << std::setw(18) << info.look << std::setw(22)
-            << overload_text(info.overload) << (needs.empty() ? "-" : needs) << '\n';
+            << overload_text(info.overload) << std::setw(5) << (colour_map(info) ? "lut" : "-")
+            << (needs.empty() ? "-" : needs) << '\n';
     }
 }
 
@@ -53,7 +57,8 @@ void print_tsv(std::ostream& out) {
     for (const auto& info : catalogue())
         out << info.id << '\t' << info.preset << '\t' << info.look << '\t'
             << overload_text(info.overload) << '\t' << materials_text(info) << '\t'
-            << table_modes_text(info, " ") << '\t' << (info.serialised ? "yes" : "no") << '\n';
+            << table_modes_text(info, " ") << '\t' << (info.serialised ? "yes" : "no") << '\t'
+            << (colour_map(info) ? "yes" : "no") << '\n';
 }
 
 }  // namespace

@@ -18,6 +18,8 @@ const std::vector<Command>& commands() {
          "builds a blend table set from the library's blend modes", run_tables},
         {"frame", "frame FRAMEFILE PHOTO -o OUTPUT [--scale S]",
          "draws a frame file's pieces around a photo", run_frame},
+        {"lut", "lut EFFECT -o FILE.cube|FILE.png [--size N | --level L]",
+         "a colour look as a .cube 3D table or a Hald CLUT image, for other tools", run_lut},
         {"make-frame", "make-frame PIECE... --insets LIST -o FRAMEFILE",
          "packs eight PNG pieces and corner insets into a frame file", run_make_frame},
     };

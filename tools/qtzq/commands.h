@@ -27,6 +27,7 @@ int run_material(const Words& args);
 int run_tables(const Words& args);
 int run_frame(const Words& args);
 int run_make_frame(const Words& args);
+int run_lut(const Words& args);
 
 // Exit statuses.
 constexpr int kExitOk = 0;

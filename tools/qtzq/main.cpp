@@ -16,7 +16,8 @@ namespace {
 
 void print_help(std::ostream& out) {
     out << "usage: qtzq COMMAND [ARGS...]\n\n"
-           "Applies the photo effects of libQtzqeffect to PNG and JPEG files.\n\n"
+           "Applies the photo effects of libQtzqeffect to photo files (PNG, JPEG,\n"
+           "WebP, TIFF; HEIF and AVIF read) and exports colour looks as lookup tables.\n\n"
            "Commands:\n";
     for (const auto& command : commands())
         out << "  " << command.synopsis << "\n      " << command.summary << "\n";

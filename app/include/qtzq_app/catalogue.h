@@ -27,6 +27,15 @@ struct MaterialNeed {
     MaterialChoice fallback;
 };
 
+// What a look does to a pixel besides looking at the pixel itself. Only
+// colour maps can be exported as a 3D lookup table.
+enum class Mapping {
+    ColourMap,      // each output pixel is a fixed function of its input colour
+    Material,       // blends material images (or their tables) over the photo
+    Noise,          // adds random grain
+    Neighbourhood,  // reads other pixels: sharpening, blur, whole-image levels
+};
+
 struct EffectInfo {
     int id;
     const char* preset;  // the library's function name, e.g. "StyleFilm"
@@ -39,6 +48,7 @@ struct EffectInfo {
     // generator it reseeds from the clock, or a recipe left open that may
     // use the shared blur): the effect runner never runs two of these at once.
     bool serialised;
+    Mapping mapping;
 };
 
 // Every effect id, in id order.
@@ -52,6 +62,9 @@ const EffectInfo* find_effect(const std::string& name);
 // The default blend modes of a blend-table effect, joined by `separator`
 // ("" for other effects).
 std::string table_modes_text(const EffectInfo& info, const std::string& separator);
+
+// Empty for a colour map; otherwise why the look has no lookup table.
+std::string lut_refusal(const EffectInfo& info);
 
 int material_count(Overload overload);
 bool needs_tables(Overload overload);
