@@ -152,6 +152,15 @@ void write_rows(PngWrite& job) {
         png_set_compression_strategy(job.png, Z_RLE);
     }
     const PhotoMetadata& metadata = *job.metadata;
+    // The input's profile travels as it is: libpng's check against its list
+    // of known sRGB profiles would refuse some that cameras and editors
+    // write (a "known incorrect sRGB profile" is still the file's own), and
+    // a profile libpng cannot store at all is left out with a warning
+    // rather than failing the whole photo.
+#ifdef PNG_SKIP_sRGB_CHECK_PROFILE
+    png_set_option(job.png, PNG_SKIP_sRGB_CHECK_PROFILE, PNG_OPTION_ON);
+#endif
+    png_set_benign_errors(job.png, 1);
     if (!metadata.icc.empty())
         png_set_iCCP(job.png, job.info, "ICC profile", PNG_COMPRESSION_TYPE_BASE,
                      metadata.icc.data(), png_uint_32(metadata.icc.size()));

@@ -162,6 +162,30 @@ TEST_F(PhotoFileTest, FormatsRoundTripPixelsAndTheMetadataTheyHold) {
     }
 }
 
+// A profile libpng will not store (a grey space on a colour image) is left
+// out of a PNG rather than failing it; a real photo's profile that libpng
+// lists as a known incorrect sRGB profile (chelsea.png, when ../shared is
+// there) travels unchanged.
+TEST_F(PhotoFileTest, PngKeepsProfilesLibpngDislikesOrLeavesOutOnesItCannotStore) {
+    PhotoMetadata grey;
+    grey.icc = minimal_profile();
+    std::memcpy(&grey.icc[16], "GRAY", 4);
+    std::string error;
+    ASSERT_TRUE(write_photo(path("grey.png"), sample_photo(5, 4, 1), grey, {}, error)) << error;
+    Photo back;
+    ASSERT_TRUE(read_photo(path("grey.png"), back, error)) << error;
+    EXPECT_TRUE(back.metadata.icc.empty());
+
+    const std::string chelsea = QTZQ_APP_TEST_SHARED_PHOTOS "/chelsea.png";
+    Photo photo;
+    if (!read_photo(chelsea, photo, error)) GTEST_SKIP() << "no " << chelsea;
+    ASSERT_FALSE(photo.metadata.icc.empty());
+    ASSERT_TRUE(write_photo(path("chelsea.png"), photo.image, photo.metadata, {}, error)) << error;
+    ASSERT_TRUE(read_photo(path("chelsea.png"), back, error)) << error;
+    EXPECT_EQ(back.metadata.icc, photo.metadata.icc);
+    EXPECT_TRUE(back.image.pixels == photo.image.pixels);
+}
+
 // HEIC (HEVC) and AVIF (AV1) written by libheif's encoders, where this
 // build of libheif has them, read back close to the original; declaring an
 // enormous size, or cut in half, they are refused.
