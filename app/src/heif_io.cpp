@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 
+#include "heif_derivations.h"
 #include "qtzq_app/image_limits.h"
 #include "photo_codecs.h"
 
@@ -85,10 +86,16 @@ bool decode_heif(const unsigned char* bytes, std::size_t size, const std::string
         error = name + ": corrupt HEIF (" + problem + ")";
         return false;
     };
+    if (!heif_derivations_bounded(bytes, size))
+        return fail("images derived from each other in a loop, or too many levels deep");
     Context context(heif_context_alloc(), heif_context_free);
     // libheif's own limit on a side (grids and tiles included), set to the
     // largest square the applications take.
     heif_context_set_maximum_image_size_limit(context.get(), kLargestSide);
+    // Tiles decoded in this thread: callers already run one photo per core,
+    // and a grid of many tiles must not start a thread for each (a small
+    // crafted file made libheif start threads until the system refused).
+    heif_context_set_max_decoding_threads(context.get(), 0);
     if (heif_context_read_from_memory_without_copy(context.get(), bytes, size, nullptr).code !=
         heif_error_Ok)
         return fail("cannot parse the file");

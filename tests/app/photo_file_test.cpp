@@ -186,6 +186,35 @@ TEST_F(PhotoFileTest, PngKeepsProfilesLibpngDislikesOrLeavesOutOnesItCannotStore
     EXPECT_TRUE(back.image.pixels == photo.image.pixels);
 }
 
+// A 508-byte HEIC found by fuzzing: a grid derived from itself, which
+// libheif followed without end (a thread per level until the system
+// refused, or a stack overflow without threads). Refused before decoding.
+constexpr char kGridHeic[] =
+    "0000001c6674797068656963000000006d696631686569636d696166000001ad6d6574610000000000000021"
+    "68646c72000000000000000070696374000000000000000000000000000000000e7069746d00000000000200"
+    "00001069646174000000000010000300000038696c6f630100000044400002000100000000000001d1000100"
+    "0000000000002b00020001000000000000000100000000000000080000003869696e66000000000002000000"
+    "15696e66650200000100010000687663310000000015696e666502000000000200006772696400000000d869"
+    "707270000000b66970636f00000076687663430103700000000000000000001ef000fcfdf8f800000f032000"
+    "01001840010c01ffff03700000030090000003000003001eba0240210001002a420101037000000300900000"
+    "03000003001ea020810596eaae9ae6e04040c0800000030080000003008422000100064401c173c189000000"
+    "1469737065000000000000004000000040000000146973706500000000000000100000001000000010706978"
+    "6900000000030808080000001a69706d610000000000000002000102810200020203840000001a6972656600"
+    "0000000000000e64696d67000200010002000100000000000001d1000100000000003196f84e50a796faa5fb"
+    "3432553168b94fa573dd0a5093727eb8fef28793c56282e0";
+
+TEST_F(PhotoFileTest, HeifGridDerivedFromItselfIsRefused) {
+    Bytes bytes;
+    for (std::size_t i = 0; kGridHeic[i] != 0; i += 2)
+        bytes.push_back(static_cast<unsigned char>(std::stoi(std::string(kGridHeic + i, 2), nullptr, 16)));
+    Photo photo;
+    std::string error;
+    EXPECT_FALSE(decode_photo(bytes, "grid.heic", photo, error));
+    EXPECT_NE(error.find("grid.heic: corrupt HEIF (images derived from each other in a loop"),
+              std::string::npos)
+        << error;
+}
+
 // HEIC (HEVC) and AVIF (AV1) written by libheif's encoders, where this
 // build of libheif has them, read back close to the original; declaring an
 // enormous size, or cut in half, they are refused.
