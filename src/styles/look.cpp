@@ -64,11 +64,38 @@ std::vector<unsigned char> tabulate_pairs(const ChannelBlend& blend, unsigned ch
     return pairs;
 }
 
-// Whether the three channels' tables of tabulate_pairs are the same.
-bool channels_alike(const std::vector<unsigned char>& pairs) {
-    const unsigned char* first = pairs.data();
-    return std::memcmp(first, first + kPairsPerChannel, kPairsPerChannel) == 0 &&
-           std::memcmp(first, first + 2 * kPairsPerChannel, kPairsPerChannel) == 0;
+// A material blend as a table of pairs, kept as one table for all three
+// channels when the blend treats them alike.
+struct PairTable {
+    std::vector<unsigned char> pairs;  // [channel][a * 256 + b], or one table for all
+    bool shared = false;
+
+    static PairTable of(const ChannelBlend& blend, unsigned char alpha = 0) {
+        PairTable table;
+        table.pairs = tabulate_pairs(blend, alpha);
+        const unsigned char* first = table.pairs.data();
+        table.shared = std::memcmp(first, first + kPairsPerChannel, kPairsPerChannel) == 0 &&
+                       std::memcmp(first, first + 2 * kPairsPerChannel, kPairsPerChannel) == 0;
+        if (table.shared) table.pairs.resize(kPairsPerChannel);
+        return table;
+    }
+
+    // From one channel's table to the next.
+    std::size_t step() const { return shared ? 0 : kPairsPerChannel; }
+};
+
+// Blue, green and red of a pixel through a table of pairs (`step` apart)
+// against the material's pixel. All loads before the stores: a byte store
+// may alias anything, so a store between them would hold the next load
+// back.
+inline void apply_pairs(const unsigned char* table, std::size_t step, unsigned char* px,
+                        const unsigned char* m) {
+    const unsigned char blue = table[px[0] * 256u + m[0]];
+    const unsigned char green = table[step + px[1] * 256u + m[1]];
+    const unsigned char red = table[2 * step + px[2] * 256u + m[2]];
+    px[0] = blue;
+    px[1] = green;
+    px[2] = red;
 }
 
 // Pixels of each alpha among the first `count` pixels of a material.
@@ -92,44 +119,38 @@ struct Look::Compiled {
     }
 
     enum class Kind { kMaps, kPairs, kBlend, kKernel, kAlphaKeyed, kSpan };
-    // A table of pairs for one alpha of the material (empty: none).
-    struct KeyedTable {
-        std::vector<unsigned char> pairs;
-        bool shared = false;
-    };
     struct Op {
         Kind kind = Kind::kMaps;
         ChannelMaps maps{};  // kMaps; kAlphaKeyed: the maps before the blend
-        std::vector<unsigned char> pairs;  // [channel][a * 256 + b], or one table for all
-        bool shared = false;               // one table serves all three channels
+        PairTable table;  // kPairs
         int material = 0;
         const SpanStep* span = nullptr;
         const ChannelBlend* blend = nullptr;  // a material blend called pixel by pixel
         MaterialKernel kernel = nullptr;
-        std::vector<KeyedTable> keyed;  // [alpha] for kAlphaKeyed
+        std::vector<PairTable> keyed;  // [alpha] for kAlphaKeyed (empty: blended one by one)
     };
     std::vector<Op> ops;
 
     // Folding maps that differ between the channels into a table shared by
     // them gives each channel its own table.
-    static void prepare_fold(Op& pairs, const ChannelMaps& maps) {
-        if (!pairs.shared || same_for_all_channels(maps)) return;
-        pairs.pairs.resize(kChannels * kPairsPerChannel);
+    static void prepare_fold(PairTable& table, const ChannelMaps& maps) {
+        if (!table.shared || same_for_all_channels(maps)) return;
+        table.pairs.resize(kChannels * kPairsPerChannel);
         for (int c = 1; c < kChannels; ++c)
-            std::memcpy(&pairs.pairs[c * kPairsPerChannel], pairs.pairs.data(), kPairsPerChannel);
-        pairs.shared = false;
+            std::memcpy(&table.pairs[c * kPairsPerChannel], table.pairs.data(), kPairsPerChannel);
+        table.shared = false;
     }
 
     void add_maps(const ChannelMaps& maps) {
         if (!ops.empty() && ops.back().kind == Kind::kMaps) {
             ops.back().maps = ops.back().maps.then(maps);
         } else if (!ops.empty() && ops.back().kind == Kind::kPairs) {
-            Op& op = ops.back();
-            prepare_fold(op, maps);
-            const int tables = op.shared ? 1 : kChannels;
+            PairTable& table = ops.back().table;
+            prepare_fold(table, maps);
+            const int tables = table.shared ? 1 : kChannels;
             for (int c = 0; c < tables; ++c)
                 for (std::size_t i = 0; i < kPairsPerChannel; ++i) {
-                    unsigned char& entry = op.pairs[c * kPairsPerChannel + i];
+                    unsigned char& entry = table.pairs[c * kPairsPerChannel + i];
                     entry = maps.map[c][entry];
                 }
         } else {
@@ -143,28 +164,26 @@ struct Look::Compiled {
         if (!ops.empty() && ops.back().kind == Kind::kMaps) {
             // The maps before feed the blend's first level.
             const ChannelMaps before = ops.back().maps;
-            prepare_fold(pairs, before);
+            PairTable& table = pairs.table;
+            prepare_fold(table, before);
             ops.pop_back();
-            std::vector<unsigned char> folded(pairs.pairs.size());
-            const int tables = pairs.shared ? 1 : kChannels;
+            std::vector<unsigned char> folded(table.pairs.size());
+            const int tables = table.shared ? 1 : kChannels;
             for (int c = 0; c < tables; ++c)
                 for (int a = 0; a < 256; ++a)
                     std::memcpy(&folded[c * kPairsPerChannel + a * 256],
-                                &pairs.pairs[c * kPairsPerChannel + before.map[c][a] * 256], 256);
-            pairs.pairs.swap(folded);
+                                &table.pairs[c * kPairsPerChannel + before.map[c][a] * 256], 256);
+            table.pairs.swap(folded);
         }
         ops.push_back(std::move(pairs));
     }
 
-    // A material blend as a table of pairs, one for all channels when the
-    // blend treats them alike.
+    // A material blend as a table of pairs.
     static Op pairs_op(const ChannelBlend& blend, int material) {
         Op op;
         op.kind = Kind::kPairs;
-        op.pairs = tabulate_pairs(blend);
+        op.table = PairTable::of(blend);
         op.material = material;
-        op.shared = channels_alike(op.pairs);
-        if (op.shared) op.pairs.resize(kPairsPerChannel);
         return op;
     }
 
@@ -191,13 +210,9 @@ struct Look::Compiled {
         };
         op.keyed.resize(256);
         const std::array<std::size_t, 256> counts = alpha_counts(pixels, count);
-        for (int alpha = 0; alpha < 256; ++alpha) {
-            if (counts[alpha] < kPairsPerChannel) continue;
-            KeyedTable& table = op.keyed[alpha];
-            table.pairs = tabulate_pairs(mapped_blend, static_cast<unsigned char>(alpha));
-            table.shared = channels_alike(table.pairs);
-            if (table.shared) table.pairs.resize(kPairsPerChannel);
-        }
+        for (int alpha = 0; alpha < 256; ++alpha)
+            if (counts[alpha] >= kPairsPerChannel)
+                op.keyed[alpha] = PairTable::of(mapped_blend, static_cast<unsigned char>(alpha));
         ops.push_back(std::move(op));
     }
 
@@ -233,9 +248,9 @@ struct Look::Compiled {
         const unsigned char* tables[256];
         std::size_t steps[256];
         for (int alpha = 0; alpha < 256; ++alpha) {
-            const KeyedTable& table = op.keyed[alpha];
+            const PairTable& table = op.keyed[alpha];
             tables[alpha] = table.pairs.empty() ? nullptr : table.pairs.data();
-            steps[alpha] = table.shared ? 0 : kPairsPerChannel;
+            steps[alpha] = table.step();
         }
         for (std::size_t i = 0; i < count * kBytesPerPixel; i += kBytesPerPixel) {
             const unsigned char alpha = m[i + 3];
@@ -245,13 +260,7 @@ struct Look::Compiled {
                 (*op.blend)(pixels + i, m + i);
                 continue;
             }
-            const std::size_t step = steps[alpha];
-            const unsigned char blue = table[pixels[i] * 256u + m[i]];
-            const unsigned char green = table[step + pixels[i + 1] * 256u + m[i + 1]];
-            const unsigned char red = table[2 * step + pixels[i + 2] * 256u + m[i + 2]];
-            pixels[i] = blue;
-            pixels[i + 1] = green;
-            pixels[i + 2] = red;
+            apply_pairs(table, steps[alpha], pixels + i, m + i);
         }
     }
 
@@ -263,19 +272,10 @@ struct Look::Compiled {
                     break;
                 case Kind::kPairs: {
                     const unsigned char* m = materials[op.material];
-                    const unsigned char* table = op.pairs.data();
-                    const std::size_t step = op.shared ? 0 : kPairsPerChannel;
-                    // All loads before the stores: a byte store may alias anything,
-                    // so a store between them would hold the next load back.
-                    for (std::size_t i = 0; i < count * kBytesPerPixel; i += kBytesPerPixel) {
-                        const std::size_t b = pixels[i] * 256u + m[i];
-                        const std::size_t g = step + pixels[i + 1] * 256u + m[i + 1];
-                        const std::size_t r = 2 * step + pixels[i + 2] * 256u + m[i + 2];
-                        const unsigned char blue = table[b], green = table[g], red = table[r];
-                        pixels[i] = blue;
-                        pixels[i + 1] = green;
-                        pixels[i + 2] = red;
-                    }
+                    const unsigned char* table = op.table.pairs.data();
+                    const std::size_t step = op.table.step();
+                    for (std::size_t i = 0; i < count * kBytesPerPixel; i += kBytesPerPixel)
+                        apply_pairs(table, step, pixels + i, m + i);
                     break;
                 }
                 case Kind::kBlend: {
