@@ -1,5 +1,7 @@
 #include "heif_derivations.h"
 
+#include "big_endian.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -14,12 +16,6 @@ struct Box {
     const unsigned char* body;
     std::size_t size;  // of the body
 };
-
-std::uint64_t big_endian(const unsigned char* p, int bytes) {
-    std::uint64_t value = 0;
-    for (int i = 0; i < bytes; ++i) value = value << 8 | p[i];
-    return value;
-}
 
 // The box at `p` (before `end`), advancing `p` past it; false when it does
 // not fit.

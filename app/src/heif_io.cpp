@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 
+#include "big_endian.h"
 #include "heif_derivations.h"
 #include "qtzq_app/image_limits.h"
 #include "photo_codecs.h"
@@ -42,8 +43,7 @@ void read_metadata(const heif_image_handle* handle, PhotoMetadata& metadata) {
         const char* content = heif_image_handle_get_metadata_content_type(handle, ids[i]);
         std::vector<unsigned char> bytes = metadata_block(handle, ids[i]);
         if (std::strcmp(type, "Exif") == 0 && bytes.size() >= 4 && metadata.exif.empty()) {
-            const std::size_t skip = 4 + (std::size_t(bytes[0]) << 24 | std::size_t(bytes[1]) << 16 |
-                                          std::size_t(bytes[2]) << 8 | bytes[3]);
+            const std::uint64_t skip = 4 + big_endian(bytes.data(), 4);
             if (skip < bytes.size()) metadata.exif.assign(bytes.begin() + long(skip), bytes.end());
         } else if (std::strcmp(type, "mime") == 0 && content &&
                    std::strcmp(content, "application/rdf+xml") == 0 && metadata.xmp.empty()) {

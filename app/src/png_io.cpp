@@ -12,6 +12,7 @@
 #include "qtzq_app/exif.h"
 #include "qtzq_app/file_bytes.h"
 #include "qtzq_app/image_limits.h"
+#include "big_endian.h"
 #include "photo_codecs.h"
 
 namespace qtzq_app {
@@ -33,10 +34,6 @@ struct PngImage {
     PngImage(const PngImage&) = delete;
     PngImage& operator=(const PngImage&) = delete;
 };
-
-std::uint32_t big_endian(const unsigned char* p) {
-    return std::uint32_t(p[0]) << 24 | std::uint32_t(p[1]) << 16 | std::uint32_t(p[2]) << 8 | p[3];
-}
 
 // Inflates a zlib stream of at most kMaxProfileSize bytes; empty on failure.
 Bytes inflate_bytes(const unsigned char* data, std::size_t size) {
@@ -88,7 +85,7 @@ void read_metadata_chunk(const unsigned char* type, const unsigned char* data, s
 template <typename Visit>
 bool walk_chunks(const unsigned char* bytes, std::size_t size, Visit visit) {
     for (std::size_t at = 8; size - at >= 8;) {  // a length and a type to read
-        const std::size_t length = big_endian(bytes + at);
+        const std::size_t length = big_endian(bytes + at, 4);
         if (size - at < 12 || length > size - at - 12) return false;
         const unsigned char* type = bytes + at + 4;
         visit(type, bytes + at + 8, length);
