@@ -3,7 +3,8 @@
 # Emscripten, and runs their tests: the golden digests under node, the
 # JavaScript API under node and the page in headless Chromium, the last two
 # compared byte for byte with the native qtzq tool (built here if needed).
-# Installs Emscripten, node, npm and Chromium first if they are missing.
+# Installs Emscripten, node, npm and Chromium first if they are missing, and
+# the tests' own npm packages from tests/wasm/package-lock.json.
 #
 #   scripts/wasm-test.sh [BUILD_DIR]      (default: build-wasm)
 set -euo pipefail
@@ -14,6 +15,8 @@ build_dir=${1:-build-wasm}
 scripts/install-deps.sh emscripten node-acorn nodejs chromium
 # npm comes with some node builds; Debian's package only where it does not.
 command -v npm >/dev/null || scripts/install-deps.sh npm
+# The tests' own JavaScript dependencies (pngjs), as the lock file pins them.
+npm ci --prefix tests/wasm --no-audit --no-fund >/dev/null
 # Debian's Emscripten runs its optimiser with Debian's acorn, found here.
 export NODE_PATH=/usr/share/nodejs
 
